@@ -1,0 +1,285 @@
+// platform.h on the device itself.
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/ipc.h>
+#include <sys/select.h>
+#include <sys/shm.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+#include "platform/platform.h"
+
+namespace platform {
+namespace {
+
+constexpr int terminal_signals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGPIPE};
+constexpr int cannot_start = 255;
+
+void set_terminal_signals(void (*disposition)(int)) {
+  for (const int number : terminal_signals) {
+    std::signal(number, disposition);
+  }
+}
+
+// Repeats a call that a signal interrupted.
+template <typename Call>
+auto retried(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) {
+    result = call();
+  }
+  return result;
+}
+
+template <typename Result>
+Result or_error(Result result) {
+  return result < 0 ? static_cast<Result>(-errno) : result;
+}
+
+// Our descriptors can be in non-blocking mode: the mode belongs to the terminal or socket, and whoever shares
+// it may have set it.
+bool wait_when_would_block(int descriptor, short events) {
+  if (errno != EAGAIN) {
+    return false;
+  }
+  pollfd one{descriptor, events, 0};
+  return retried([&] { return poll(&one, 1, -1); }) > 0;
+}
+
+bool write_whole(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = retried([&] { return write(descriptor, bytes.data(), bytes.size()); });
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (!wait_when_would_block(descriptor, POLLOUT)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+int wait_for(pid_t process) {
+  int status = 0;
+  if (retried([&] { return waitpid(process, &status, 0); }) < 0) {
+    return cannot_start;
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+struct ChildSetup {
+  int output = -1;            // becomes standard output
+  bool closes_stdio = false;  // standard input, output and error
+  bool new_session = false;
+};
+
+// Returns the child's process number, -1 when there is none. Between vfork and exec the child borrows our
+// memory: it only makes system calls.
+pid_t start(const char* path, const char* const arguments[], const ChildSetup& setup) {
+  const pid_t child = vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+  if (child != 0) {
+    return child;
+  }
+  set_terminal_signals(SIG_DFL);
+  if (setup.new_session) {
+    setsid();
+  }
+  if (setup.output >= 0) {
+    dup2(setup.output, STDOUT_FILENO);
+  }
+  if (setup.closes_stdio) {
+    close(STDIN_FILENO);
+    close(STDOUT_FILENO);
+    close(STDERR_FILENO);
+  }
+  // execv's prototype predates const; it does not write to the arguments.
+  execv(path, const_cast<char* const*>(arguments));
+  _exit(cannot_start);
+}
+
+pid_t start_shell(const char* command, const ChildSetup& setup) {
+  const char* const arguments[] = {"sh", "-c", command, nullptr};
+  return start("/bin/sh", arguments, setup);
+}
+
+}  // namespace
+
+void ignore_terminal_signals() {
+  set_terminal_signals(SIG_IGN);
+}
+
+std::size_t read_input(std::span<char> into) {
+  for (;;) {
+    const ssize_t got = retried([&] { return read(STDIN_FILENO, into.data(), into.size()); });
+    if (got > 0) {
+      return static_cast<std::size_t>(got);
+    }
+    if (got == 0 || !wait_when_would_block(STDIN_FILENO, POLLIN)) {
+      return 0;
+    }
+  }
+}
+
+bool write_output(std::string_view bytes) {
+  return write_whole(STDOUT_FILENO, bytes);
+}
+
+void report_error(const char* label, int error) {
+  errno = error;
+  std::perror(label);
+}
+
+void exit_process(int status) {
+  _exit(status);
+}
+
+Attachment attach_segment(std::int32_t key, std::size_t size) {
+  const int id = shmget(key, size, IPC_CREAT | 0666);
+  if (id < 0) {
+    return {Attachment::Outcome::not_opened, errno, nullptr};
+  }
+  void* const memory = shmat(id, nullptr, 0);
+  if (memory == reinterpret_cast<void*>(-1)) {
+    return {Attachment::Outcome::not_attached, errno, nullptr};
+  }
+  return {Attachment::Outcome::attached, 0, memory};
+}
+
+void detach_segment(void* memory) {
+  shmdt(memory);
+}
+
+std::uint32_t wall_clock_seconds() {
+  timeval now{};
+  gettimeofday(&now, nullptr);
+  return static_cast<std::uint32_t>(now.tv_sec);
+}
+
+LocalTime local_time() {
+  const std::time_t now = std::time(nullptr);
+  std::tm broken_down{};
+  localtime_r(&now, &broken_down);
+  return {broken_down.tm_year + 1900, broken_down.tm_mon + 1, broken_down.tm_mday,
+          broken_down.tm_hour,        broken_down.tm_min,     broken_down.tm_sec};
+}
+
+void sleep_seconds(unsigned seconds) {
+  timespec left{static_cast<std::time_t>(seconds), 0};
+  while (nanosleep(&left, &left) < 0 && errno == EINTR) {
+  }
+}
+
+void run_shell_command(const char* command) {
+  const pid_t child = start_shell(command, {});
+  if (child > 0) {
+    wait_for(child);
+  }
+}
+
+CommandStream open_command(const char* command) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) < 0) {
+    return {-1, -1};
+  }
+  const pid_t child = start_shell(command, {.output = ends[1]});
+  close(ends[1]);
+  if (child < 0) {
+    close(ends[0]);
+    return {-1, -1};
+  }
+  return {ends[0], child};
+}
+
+void close_command(CommandStream stream) {
+  close(stream.descriptor);
+  wait_for(stream.process);
+}
+
+int run_program(const char* path, const char* const arguments[], bool new_session) {
+  const pid_t child = start(path, arguments, {.closes_stdio = true, .new_session = new_session});
+  return child < 0 ? cannot_start : wait_for(child);
+}
+
+void sync_storage() {
+  sync();
+}
+
+int open_for_reading(const char* path) {
+  return or_error(retried([&] { return open(path, O_RDONLY | O_CLOEXEC); }));
+}
+
+int open_for_writing(const char* path) {
+  return or_error(retried([&] { return open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666); }));
+}
+
+std::ptrdiff_t read_some(int descriptor, std::span<char> into) {
+  return or_error(retried([&] { return read(descriptor, into.data(), into.size()); }));
+}
+
+int write_all(int descriptor, std::string_view bytes) {
+  return write_whole(descriptor, bytes) ? 0 : -errno;
+}
+
+int rewind_file(int descriptor) {
+  return lseek(descriptor, 0, SEEK_SET) < 0 ? -errno : 0;
+}
+
+int close_file(int descriptor) {
+  return or_error(close(descriptor));
+}
+
+const char* error_text(int error) {
+  return std::strerror(error);
+}
+
+int open_udp_socket() {
+  return or_error(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+}
+
+int bind_udp_to_any(int socket) {
+  sockaddr_in local{};
+  local.sin_family = AF_INET;
+  local.sin_addr.s_addr = htonl(INADDR_ANY);
+  return or_error(bind(socket, reinterpret_cast<const sockaddr*>(&local), sizeof local));
+}
+
+int connect_udp(int socket, std::uint32_t address, std::uint16_t port) {
+  sockaddr_in peer{};
+  peer.sin_family = AF_INET;
+  peer.sin_port = htons(port);
+  peer.sin_addr.s_addr = address;
+  return or_error(connect(socket, reinterpret_cast<const sockaddr*>(&peer), sizeof peer));
+}
+
+std::ptrdiff_t send_datagram(int socket, std::string_view bytes) {
+  return or_error(retried([&] { return send(socket, bytes.data(), bytes.size(), 0); }));
+}
+
+std::ptrdiff_t receive_datagram(int socket, std::span<char> into) {
+  return or_error(retried([&] { return recv(socket, into.data(), into.size(), 0); }));
+}
+
+int wait_readable(int socket, unsigned seconds) {
+  fd_set readable;
+  FD_ZERO(&readable);
+  FD_SET(socket, &readable);
+  timeval time_out{static_cast<std::time_t>(seconds), 0};
+  // Linux leaves the remaining time in time_out, so a repeated wait does not start from the beginning.
+  return or_error(retried([&] { return select(socket + 1, &readable, nullptr, nullptr, &time_out); }));
+}
+
+void close_socket(int socket) {
+  close(socket);
+}
+
+}  // namespace platform

@@ -1,0 +1,114 @@
+// Everything the console asks of the operating system, in the console's own terms.
+//
+// This header is a link-time seam: platform/linux.cpp is the device, tests link a fake. Nothing here
+// allocates, throws or prints on its own. Texts passed in are NUL-terminated.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace platform {
+
+// ---- The connection: standard input and output ----
+
+// Leaves the keyboard's signals and a hang-up to the program's reads and writes: a line cut off ends as end
+// of input, Ctrl-C does not leave the login held. Programs started from here get the default dispositions
+// back.
+void ignore_terminal_signals();
+
+// Waits for input and returns how many bytes were stored, at least 1; 0 at end of input or on a lost
+// connection.
+std::size_t read_input(std::span<char> into);
+
+// Writes all of it. False when the other end is gone.
+bool write_output(std::string_view bytes);
+
+// "LABEL: error text" and a newline on standard error, for an errno value.
+void report_error(const char* label, int error);
+
+[[noreturn]] void exit_process(int status);
+
+// ---- Shared memory ----
+
+struct Attachment {
+  enum class Outcome : std::uint8_t { attached, not_opened, not_attached };
+  Outcome outcome;
+  int error;     // errno value when outcome is not `attached`
+  void* memory;  // valid until detach_segment; nullptr unless `attached`
+};
+
+// Creates or opens (mode 0666) the System V segment with this key and attaches it read-write. `size` in
+// bytes.
+Attachment attach_segment(std::int32_t key, std::size_t size);
+void detach_segment(void* memory);
+
+// ---- Clock ----
+
+// Seconds since the epoch; the fraction is dropped.
+std::uint32_t wall_clock_seconds();
+
+struct LocalTime {
+  int year;   // e.g. 2010
+  int month;  // 1 to 12
+  int day;    // 1 to 31
+  int hour;
+  int minute;
+  int second;
+};
+LocalTime local_time();
+
+void sleep_seconds(unsigned seconds);
+
+// ---- Programs ----
+
+// Runs a command line through the system shell and waits for it. Its exit status is nobody's business here.
+void run_shell_command(const char* command);
+
+// A shell command whose standard output is read. A failed start has descriptor -1.
+struct CommandStream {
+  int descriptor;
+  int process;
+};
+CommandStream open_command(const char* command);
+void close_command(CommandStream stream);  // waits for the command to end
+
+// Runs a program without a shell and with standard input, output and error closed; `new_session` detaches it
+// from the terminal. `arguments` ends with nullptr. Returns the exit status, 255 when the program cannot be
+// started, 128 + the signal's number when a signal ended it.
+int run_program(const char* path, const char* const arguments[], bool new_session);
+
+// Flushes the file systems to storage.
+void sync_storage();
+
+// ---- Files ----
+
+// Both return a descriptor, or a negative errno value.
+int open_for_reading(const char* path);
+int open_for_writing(const char* path);  // creates or truncates
+
+// Bytes read, 0 at the end, negative errno on failure. Serves commands' output as well.
+std::ptrdiff_t read_some(int descriptor, std::span<char> into);
+// 0, or a negative errno value when not all of it was written.
+int write_all(int descriptor, std::string_view bytes);
+// Back to the first byte. 0, or a negative errno value.
+int rewind_file(int descriptor);
+// 0, or the negative errno value with which the last write-back failed. Never call it twice.
+int close_file(int descriptor);
+const char* error_text(int error);
+
+// ---- UDP ----
+
+// All return 0 or more, or a negative errno value. Addresses hold the first octet in the lowest-addressed
+// byte; ports are in host order.
+int open_udp_socket();
+int bind_udp_to_any(int socket);
+int connect_udp(int socket, std::uint32_t address, std::uint16_t port);
+std::ptrdiff_t send_datagram(int socket, std::string_view bytes);
+std::ptrdiff_t receive_datagram(int socket, std::span<char> into);  // a longer datagram is cut to fit
+// 1 when a datagram (or an error to collect) is there, 0 when `seconds` ran out, negative errno on failure.
+int wait_readable(int socket, unsigned seconds);
+void close_socket(int socket);
+
+}  // namespace platform

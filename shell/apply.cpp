@@ -1,0 +1,39 @@
+#include "shell/apply.h"
+
+#include "config/voice_change.h"
+#include "platform/platform.h"
+#include "shell/message.h"
+#include "shell/output.h"
+#include "shell/session.h"
+
+namespace shell {
+
+void run_command(const char* command) {
+  flush_output();
+  platform::run_shell_command(command);
+}
+
+void save_settings() {
+  run_command("/opt/httpd/sbin/web_server dumpshare");
+}
+
+void restart_filter_and_nat() {
+  run_command("/etc/init.d/filter.sh start > /dev/null 2>&1");
+  run_command("/etc/init.d/nat.sh start > /dev/null 2>&1");
+  show_message(Message::saved);
+}
+
+void raise_voice_change_flag() {
+  const int error = config::set_voice_change_flag();
+  if (error != 0) {
+    report_segment_error(error);
+  }
+}
+
+void save_and_signal_voice_daemon() {
+  save_settings();
+  show_message(Message::saved);
+  raise_voice_change_flag();
+}
+
+}  // namespace shell

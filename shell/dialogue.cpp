@@ -1,0 +1,245 @@
+#include "shell/dialogue.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+
+#include "shell/line.h"
+#include "shell/output.h"
+#include "shell/parse.h"
+
+namespace shell {
+namespace {
+
+struct JournalEntry {
+  void* field;
+  std::size_t size;
+};
+
+// Room for a MAC address, the longest value but a text.
+using ValueText = std::array<char, 18>;
+
+// As "%d" shows it: a stored word above the signed range shows negative.
+std::string_view number_text(ValueText& text, std::uint32_t value) {
+  const auto end = std::to_chars(text.begin(), text.end(), static_cast<std::int32_t>(value)).ptr;
+  return {text.data(), static_cast<std::size_t>(end - text.begin())};
+}
+
+std::string_view address_text(ValueText& text, config::Ipv4 address) {
+  const int length = std::snprintf(text.data(), text.size(), "%u.%u.%u.%u", address.octet[0],
+                                   address.octet[1], address.octet[2], address.octet[3]);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+std::string_view mac_text(ValueText& text, const config::Mac& mac) {
+  const int length = std::snprintf(text.data(), text.size(), "%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0],
+                                   mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4], mac.byte[5]);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+// A text of digits is stored as typed, so that no other character may hide behind a NUL.
+bool typed_digits() {
+  return typed_text().size() == line_length() && is_all_digits(line_text());
+}
+
+}  // namespace
+
+// ---- One question ----
+
+// Converts the input line when it is an answer of the rule's kind.
+bool Dialogue::accepts(const Rule& rule, Value& value) {
+  switch (rule.kind) {
+    case Kind::choice:
+      if (single_digit() < 0) {
+        return false;
+      }
+      value.word = static_cast<std::uint32_t>(single_digit());
+      break;
+    case Kind::number: {
+      const auto number = decimal_value(line_text());
+      if (!is_all_digits(line_text()) || !number) {
+        return false;
+      }
+      value.word = *number;
+      break;
+    }
+    case Kind::address:
+    case Kind::netmask:
+      value.word = parse_ipv4(line_text(), '.').word();
+      break;
+    case Kind::mac:
+      return parse_mac(line_buffer(), value.mac, ':');
+  }
+  return passes(rule, value);
+}
+
+bool Dialogue::passes(const Rule& rule, const Value& value) {
+  switch (rule.kind) {
+    case Kind::choice:
+      return value.word <= 9 &&
+             rule.digits.find(static_cast<char>('0' + value.word)) != std::string_view::npos;
+    case Kind::number:
+      return in_range(value.word, rule.range.low, rule.range.high) && value.word % rule.range.step == 0;
+    case Kind::address:
+      return value.word != 0;
+    case Kind::netmask:
+      return is_valid_netmask(config::Ipv4::from_word(value.word));
+    case Kind::mac:
+      return true;
+  }
+  return false;
+}
+
+Dialogue::Answer Dialogue::read_answer(const PromptText& prompt, std::string_view shown) {
+  prompt.show(subject_, shown);
+  const std::size_t count = read_line();
+  if (family_.asks_again && line_is_q()) {
+    put("q:Exit\n");
+    ended_ = true;
+    return Answer::left;
+  }
+  return count == 0 ? Answer::empty : Answer::given;
+}
+
+void Dialogue::report(const Refusal& refusal) {
+  refusal.show();
+  ended_ = !family_.asks_again;
+}
+
+void Dialogue::answered(const Option& option, bool kept) {
+  if (kept && option.kept_note != nullptr) {
+    put(option.kept_note);
+  }
+  if (family_.asks_again && !option.no_empty_line) {
+    put("\n");
+  }
+}
+
+Dialogue::Value Dialogue::ask(const PromptText& prompt, std::string_view shown, Value current,
+                              const Rule& rule, const Option& option, bool required) {
+  const Refusal by_kind(rule.kind == Kind::choice ? family_.bad_choice : family_.bad_value);
+  while (!ended_) {
+    const Answer answer = read_answer(prompt, shown);
+    if (answer == Answer::left) {
+      break;
+    }
+    Value value = current;
+    const bool kept = answer == Answer::empty && (!required || option.empty_is_zero);
+    const bool accepted =
+        kept ? !option.judge_kept || passes(rule, value) : answer == Answer::given && accepts(rule, value);
+    if (accepted) {
+      answered(option, kept);
+      return value;
+    }
+    report(option.refusal != nullptr ? *option.refusal : by_kind);
+  }
+  return {};
+}
+
+// ---- The kinds ----
+
+std::uint32_t Dialogue::ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
+                                   const Option& option) {
+  ValueText text;
+  const std::uint32_t shown = adding_ ? 0 : current;
+  return ask(prompt, number_text(text, shown), {shown, {}}, rule, option, adding_).word;
+}
+
+config::Ipv4 Dialogue::ask_address(const PromptText& prompt, config::Ipv4 current, Kind kind,
+                                   const Option& option) {
+  ValueText text;
+  const config::Ipv4 shown = adding_ ? config::Ipv4{} : current;
+  return config::Ipv4::from_word(
+      ask(prompt, address_text(text, shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_).word);
+}
+
+void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option) {
+  ValueText text;
+  const config::Mac shown = adding_ ? config::Mac{} : field;
+  write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, option, adding_).mac);
+}
+
+std::uint32_t Dialogue::ask_pick(const PromptText& prompt, const Rule& rule, const Option& option) {
+  return ask(prompt, {}, {}, rule, option, true).word;
+}
+
+void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule) {
+  if (ended_) {
+    return;
+  }
+  if (prompt.shows_value() && !rule.with_line_feed) {
+    config::strip_newline(field);
+  }
+  const std::size_t fits = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
+  const std::size_t max = std::min(rule.max, fits);
+  while (!ended_) {
+    const Answer answer = read_answer(prompt, config::text_in(field));
+    if (answer == Answer::left) {
+      return;
+    }
+    const std::string_view typed = typed_text();
+    const bool too_long = line_length() > max;
+    const bool required = adding_ && !rule.optional;
+    bool keep = answer == Answer::empty && !required;
+    if (too_long && rule.too_long != TextRule::TooLong::refused) {
+      show_message(Message::illegal_value);
+      keep = rule.too_long == TextRule::TooLong::keeps_the_old;
+    } else if (!keep && (answer == Answer::empty || too_long || (rule.digits_only && !typed_digits()))) {
+      report(family_.bad_value);
+      continue;
+    }
+    if (keep) {
+      note(field.data(), field.data(), field.size());
+    } else {
+      const std::span<char> pending = note(field.data(), field.size());
+      config::put_text(pending, too_long ? std::string_view{} : typed);
+      if (rule.with_line_feed) {
+        pending[typed.size()] = '\n';
+      }
+    }
+    answered({}, keep);
+    return;
+  }
+}
+
+// ---- The journal ----
+
+std::span<char> Dialogue::note(void* field, std::size_t size) {
+  const JournalEntry entry{field, size};
+  if (journal_length_ + sizeof entry + size > journal_.size()) {
+    __builtin_trap();
+  }
+  std::memcpy(journal_.data() + journal_length_, &entry, sizeof entry);
+  const std::span<char> value{journal_.data() + journal_length_ + sizeof entry, size};
+  journal_length_ += sizeof entry + size;
+  return value;
+}
+
+void Dialogue::note(void* field, const void* value, std::size_t size) {
+  std::memcpy(note(field, size).data(), value, size);
+}
+
+void Dialogue::refuse(const Refusal& refusal) {
+  if (!ended_) {
+    refusal.show();
+    ended_ = true;
+  }
+}
+
+bool Dialogue::commit() {
+  if (ended_) {
+    return false;
+  }
+  for (std::size_t at = 0; at < journal_length_;) {
+    JournalEntry entry;
+    std::memcpy(&entry, journal_.data() + at, sizeof entry);
+    at += sizeof entry;
+    std::memcpy(entry.field, journal_.data() + at, entry.size);
+    at += entry.size;
+  }
+  journal_length_ = 0;
+  return true;
+}
+
+}  // namespace shell

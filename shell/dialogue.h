@@ -1,0 +1,197 @@
+// Asking. A dialogue is a list of statements, one per prompt, that states text, kind, bounds and field
+// together:
+//
+//   Dialogue ask(Dialogue::refuse_by_kind);
+//   ask.choice("UPNP Enable?<%d>(0:Disable, 1:Enable):", segment().upnp_enable, "01");
+//   if (ask.commit()) { save_settings(); ... }
+//
+// Each statement shows the stored value, reads a line and judges it; an empty line keeps the stored value.
+// The answers, kept ones included, are gathered in a journal and reach the segment in commit(), so a dialogue
+// that does not get there changes nothing. Once a dialogue has ended early, its remaining statements do
+// nothing and return 0.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <type_traits>
+
+#include "config/values.h"
+#include "shell/message.h"
+#include "shell/prompt.h"
+
+namespace shell {
+
+// Numbers low to high, in steps from 0.
+struct Range {
+  std::uint32_t low;
+  std::uint32_t high;
+  std::uint32_t step = 1;
+};
+
+// How one prompt departs from its dialogue.
+struct Option {
+  const Refusal* refusal = nullptr;  // in place of the family's
+  bool judge_kept = false;           // a kept value must pass the test as well
+  bool empty_is_zero = false;        // when adding: an empty line counts as 0
+  bool no_empty_line = false;       // when asking again: the dialogue prints something else behind the answer
+  const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
+};
+
+struct TextRule {
+  // What becomes of an answer that is too long.
+  enum class TooLong : std::uint8_t {
+    refused,        // as any bad answer of the dialogue
+    leaves_empty,   // message 2, the field becomes empty, the dialogue goes on
+    keeps_the_old,  // message 2, the field keeps its text, the dialogue goes on
+  };
+  TooLong too_long = TooLong::refused;
+  std::size_t max = SIZE_MAX;   // characters; the field with its NUL is the limit in any case
+  bool digits_only = false;     // an answer must be decimal digits throughout
+  bool with_line_feed = false;  // stored, shown and kept with the line feed that ended it
+  bool optional = false;        // when adding: an empty line keeps what the slot holds
+};
+
+class Dialogue {
+ public:
+  // What is done about a refused answer.
+  struct Family {
+    bool asks_again;  // the same question again; a line that is exactly q leaves; an empty line after each
+                      // answer
+    Message bad_choice;
+    Message bad_value;
+  };
+  static constexpr Family refuse_by_kind{false, Message::wrong_choice, Message::illegal_value};
+  static constexpr Family refuse_as_illegal{false, Message::illegal_value, Message::illegal_value};
+  static constexpr Family ask_again{true, Message::illegal_value, Message::illegal_value};
+
+  // A new record is asked for by the same statements as a stored one: every prompt shows zero instead of what
+  // the free slot holds, and an answer is required.
+  enum class Record : std::uint8_t { stored, added };
+
+  explicit Dialogue(const Family& family, Record record = Record::stored)
+      : family_(family), adding_(record == Record::added) {}
+  Dialogue(const Dialogue&) = delete;
+  Dialogue& operator=(const Dialogue&) = delete;
+
+  bool adding() const { return adding_; }
+
+  // The number that prompts with a leading "%d" are about.
+  void about(int subject) { subject_ = subject; }
+
+  // ---- Kinds of answer; each returns the resulting value ----
+
+  // Exactly one character, one of `digits`.
+  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, std::string_view digits,
+                      Option option = {}) {
+    const std::uint32_t value = ask_number(prompt, field, {Kind::choice, {}, digits}, option);
+    return write(field, static_cast<std::uint8_t>(value));
+  }
+
+  // Decimal digits, in range. A field narrower than the range's end keeps the number's low bits.
+  template <typename Number>
+  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range, Option option = {}) {
+    static_assert(std::is_integral_v<Number>);
+    const std::uint32_t value =
+        ask_number(prompt, static_cast<std::uint32_t>(field), {Kind::number, range, {}}, option);
+    return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
+  }
+
+  // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
+  config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
+    return write(field, ask_address(prompt, field, Kind::address, option));
+  }
+  config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
+    return write(field, ask_address(prompt, field, Kind::netmask, option));
+  }
+
+  void mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option = {});
+
+  // A stored text that is about to be shown is first cut at its newline, in the segment, and stays cut.
+  template <std::size_t N>
+  void text(Prompt<Shows::text> prompt, config::Text<N>& field, TextRule rule = {}) {
+    ask_text(prompt, field.bytes, rule);
+  }
+
+  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero.
+  // A number of any length:
+  std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, Option option = {}) {
+    return ask_pick(prompt, {Kind::number, range, {}}, option);
+  }
+  // Exactly one character:
+  std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, std::string_view digits, Option option = {}) {
+    return ask_pick(prompt, {Kind::choice, {}, digits}, option);
+  }
+
+  // ---- Without a prompt ----
+
+  // What commit() writes into a field that was not asked for.
+  template <typename Value>
+  Value write(Value& field, Value value) {
+    static_assert(std::is_trivially_copyable_v<Value>);
+    if (!ended_) {
+      note(&field, &value, sizeof value);
+    }
+    return value;
+  }
+  template <typename Value>
+  void clear(Value& field) {
+    write(field, Value{});
+  }
+
+  // Reports and ends the dialogue, unless it has ended.
+  void refuse(const Refusal& refusal);
+
+  bool ended() const { return ended_; }
+
+  // Writes all answers in the order of the prompts. False, with nothing written, when the dialogue has ended
+  // early.
+  bool commit();
+
+ private:
+  enum class Kind : std::uint8_t { choice, number, address, netmask, mac };
+
+  struct Rule {
+    Kind kind;
+    Range range;              // of a number
+    std::string_view digits;  // of a choice
+  };
+
+  struct Value {
+    std::uint32_t word;
+    config::Mac mac;
+  };
+
+  enum class Answer : std::uint8_t { empty, given, left };
+
+  std::uint32_t ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
+                           const Option& option);
+  config::Ipv4 ask_address(const PromptText& prompt, config::Ipv4 current, Kind kind, const Option& option);
+  std::uint32_t ask_pick(const PromptText& prompt, const Rule& rule, const Option& option);
+  void ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule);
+  Value ask(const PromptText& prompt, std::string_view shown, Value current, const Rule& rule,
+            const Option& option, bool required);
+  Answer read_answer(const PromptText& prompt, std::string_view shown);
+  void report(const Refusal& refusal);
+  void answered(const Option& option, bool kept);
+
+  std::span<char> note(void* field, std::size_t size);
+  void note(void* field, const void* value, std::size_t size);
+
+  static bool accepts(const Rule& rule, Value& value);
+  static bool passes(const Rule& rule, const Value& value);
+
+  const Family& family_;
+  bool adding_;
+  bool ended_ = false;
+  int subject_ = 0;
+  std::size_t journal_length_ = 0;
+  // One entry per answer: the field's address, its size, its bytes. Room for the longest dialogue, the two
+  // SIP lines with their servers; a dialogue that outgrows it stops the program the first time it is run to
+  // its end.
+  std::array<char, 3072> journal_;
+};
+
+}  // namespace shell

@@ -1,0 +1,84 @@
+#include "shell/line.h"
+
+#include <array>
+
+#include "config/values.h"
+#include "platform/platform.h"
+#include "shell/output.h"
+#include "shell/session.h"
+
+namespace shell {
+namespace {
+
+// One byte more than a line can fill: as a text the line always ends inside the buffer.
+std::array<char, input_line_size + 1> line;
+std::size_t length = 0;
+
+// What has arrived and not been read. A pasted block of answers costs one read.
+std::array<char, 4096> arrived;
+std::size_t arrived_at = 0;
+std::size_t arrived_end = 0;
+
+char next_character() {
+  if (arrived_at == arrived_end) {
+    flush_output();
+    arrived_at = 0;
+    arrived_end = output_is_lost() ? 0 : platform::read_input(arrived);
+    if (arrived_end == 0) {
+      end_console();
+    }
+  }
+  return arrived[arrived_at++];
+}
+
+}  // namespace
+
+std::size_t read_line() {
+  line.fill('\0');
+  length = 0;
+  while (length < input_line_size) {
+    const char character = next_character();
+    if (character == '\b') {
+      line[length] = '\0';
+      length -= length > 0 ? 1 : 0;
+      continue;
+    }
+    line[length] = character;
+    if (character == '\n') {
+      break;
+    }
+    ++length;
+  }
+  return length;
+}
+
+std::string_view line_text() {
+  return config::text_in(line);
+}
+
+std::span<char> line_buffer() {
+  return line;
+}
+
+std::string_view typed_text() {
+  return line_text().substr(0, length);
+}
+
+std::size_t line_length() {
+  return length;
+}
+
+bool line_is_q() {
+  return length == 1 && line[0] == 'q';
+}
+
+int single_digit() {
+  const bool is_digit = length == 1 && line[0] >= '0' && line[0] <= '9';
+  return is_digit ? line[0] - '0' : -1;
+}
+
+void reset_input() {
+  arrived_at = arrived_end = 0;
+}
+
+}  // namespace shell

@@ -1,0 +1,34 @@
+// The input line: the one buffer into which every answer is read.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace shell {
+
+constexpr std::size_t input_line_size = 512;
+
+// Flushes the output when it has to wait, reads the next line and returns the number of characters typed
+// before the newline, 0 to 512; at 512 the line ends without its newline and the rest of it is the next line.
+// A backspace takes back one character. Does not return at end of input: the console ends, a partial line is
+// dropped.
+std::size_t read_line();
+
+// The line as a text: the characters, the newline, up to the first NUL. Valid until the next read_line().
+std::string_view line_text();
+// The same bytes to work in; the last one is always NUL.
+std::span<char> line_buffer();
+// The characters typed, without the newline and from the first NUL on.
+std::string_view typed_text();
+// What read_line() returned.
+std::size_t line_length();
+// True for a line of one character, q.
+bool line_is_q();
+// The value of a line that is exactly one decimal digit, else -1.
+int single_digit();
+
+// A session starts with nothing read.
+void reset_input();
+
+}  // namespace shell

@@ -1,0 +1,128 @@
+#include "shell/menu.h"
+
+#include <cstdint>
+
+#include "shell/line.h"
+#include "shell/output.h"
+#include "shell/parse.h"
+#include "shell/session.h"
+
+namespace shell {
+namespace {
+
+enum class Level : std::uint8_t { main, submenu };
+
+const MenuTree* tree;
+Level level;
+std::size_t current_submenu;
+
+void show_item(std::size_t number, std::string_view label) {
+  char digits[2] = {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+  put({number < 10 ? digits + 1 : digits, number < 10 ? 1U : 2U});
+  put(":");
+  put(label);
+  put("\n");
+}
+
+void show_quit() {
+  put("------------------------------------------------------------------------------\nq:Exit\n\n");
+}
+
+void show_main_menu() {
+  for (std::size_t i = 0; i < tree->size(); ++i) {
+    show_item(i, (*tree)[i]->label);
+  }
+  show_quit();
+  level = Level::main;
+}
+
+void show_submenu(std::size_t number) {
+  const Submenu& submenu = *(*tree)[number];
+  for (std::size_t slot = 0; slot < submenu.items.size(); ++slot) {
+    if (!submenu.items[slot].label.empty()) {
+      show_item(slot, submenu.items[slot].label);
+    }
+  }
+  show_quit();
+  level = Level::submenu;
+}
+
+void item_dispatch(std::size_t slot, std::size_t number) {
+  const Handler handler = number < tree->size() ? (*tree)[number]->items[slot].handler : nullptr;
+  if (handler != nullptr) {
+    handler();
+  }
+}
+
+// What both levels say about a line that is no command of theirs.
+void report_unknown(int command) {
+  if (command == not_implemented) {
+    put("This command is not implement!\n");
+  } else if (command == not_defined) {
+    put("This command is not define!\n");
+  }
+}
+
+void main_menu_dispatch(std::size_t length) {
+  const int command = classify_input(length);
+  if (command >= 0 && command < static_cast<int>(tree->size())) {
+    current_submenu = static_cast<std::size_t>(command);
+    show_submenu(current_submenu);
+  } else if (command == quit) {
+    end_console();
+  } else if (command == help) {
+    show_main_menu();
+  } else {
+    report_unknown(command);
+  }
+}
+
+void submenu_dispatch(std::size_t length) {
+  const int command = classify_input(length);
+  if (command >= 0 && command <= 10) {
+    item_dispatch(static_cast<std::size_t>(command), current_submenu);
+    show_submenu(current_submenu);
+  } else if (command == quit) {
+    show_main_menu();
+  } else if (command == help) {
+    show_submenu(current_submenu);
+  } else {
+    report_unknown(command);
+  }
+}
+
+}  // namespace
+
+void run_menus(const MenuTree& menus) {
+  tree = &menus;
+  show_main_menu();
+  for (;;) {
+    put(menu_prompt);
+    const std::size_t length = read_line();
+    if (level == Level::main) {
+      main_menu_dispatch(length);
+    } else {
+      submenu_dispatch(length);
+    }
+  }
+}
+
+int classify_input(std::size_t length) {
+  if (!refresh_login()) {
+    put("\nConnection Time Out!! Please Re-Login!!\n");
+    end_console();
+  }
+  const std::string_view typed = typed_text();
+  if (length == 0) {
+    return empty_line;
+  }
+  if (line_is_q()) {
+    return quit;
+  }
+  if (length <= 2 && typed.size() == length && is_all_digits(line_text())) {
+    return static_cast<int>(*decimal_value(typed));
+  }
+  return length == 4 && typed == "help" ? help : not_defined;
+}
+
+}  // namespace shell

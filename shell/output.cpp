@@ -1,0 +1,59 @@
+#include "shell/output.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace shell {
+namespace {
+
+std::array<char, 8192> buffer;
+std::size_t filled = 0;
+bool lost = false;
+
+}  // namespace
+
+void flush_output() {
+  if (filled > 0 && !lost) {
+    lost = !platform::write_output({buffer.data(), filled});
+  }
+  filled = 0;
+}
+
+void put(std::string_view text) {
+  while (!text.empty()) {
+    if (filled == buffer.size()) {
+      flush_output();
+    }
+    const std::size_t taken = text.copy(buffer.data() + filled, buffer.size() - filled);
+    filled += taken;
+    text.remove_prefix(taken);
+  }
+}
+
+void print(const char* format, ...) {
+  // Room for the longest line with a whole input line or stored text in it.
+  char line[1024];
+  va_list arguments;
+  va_start(arguments, format);
+  const int length = std::vsnprintf(line, sizeof line, format, arguments);
+  va_end(arguments);
+  if (length > 0) {
+    put({line, std::min(static_cast<std::size_t>(length), sizeof line - 1)});
+  }
+}
+
+bool output_is_lost() {
+  return lost;
+}
+
+void reset_output() {
+  filled = 0;
+  lost = false;
+}
+
+}  // namespace shell

@@ -1,0 +1,21 @@
+// Standard output, gathered in one buffer. It is flushed when the console is about to wait for input, to
+// start another program, to pause or to end, and when the buffer is full; at no other time.
+#pragma once
+
+#include <string_view>
+
+namespace shell {
+
+void put(std::string_view text);
+[[gnu::format(printf, 1, 2)]] void print(const char* format, ...);
+
+void flush_output();
+
+// True once the other end has gone: what is printed after that is dropped, and the next read_line() ends the
+// console.
+bool output_is_lost();
+
+// A session starts with nothing gathered and nothing lost.
+void reset_output();
+
+}  // namespace shell

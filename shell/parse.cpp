@@ -1,0 +1,118 @@
+#include "shell/parse.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace shell {
+namespace {
+
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+}  // namespace
+
+bool is_all_digits(std::string_view text) {
+  if (text.empty()) {
+    return false;
+  }
+  text.remove_suffix(1);
+  return std::all_of(text.begin(), text.end(), is_digit);
+}
+
+std::optional<std::uint32_t> decimal_value(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
+  text.remove_prefix(std::min(start, text.size()));
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) {
+    text.remove_prefix(1);
+  }
+  std::uint64_t value = 0;
+  for (std::size_t i = 0; i < text.size() && is_digit(text[i]); ++i) {
+    value = value * 10 + static_cast<std::uint64_t>(text[i] - '0');
+    if (value > UINT32_MAX) {
+      return std::nullopt;
+    }
+  }
+  if (negative && value != 0) {
+    return std::nullopt;
+  }
+  return static_cast<std::uint32_t>(value);
+}
+
+bool ip_range_ascending(config::Ipv4 start, config::Ipv4 end) {
+  return std::equal(start.octet.begin(), start.octet.end(), end.octet.begin(), std::less_equal<>());
+}
+
+bool is_valid_netmask(config::Ipv4 mask) {
+  // Of a contiguous mask the inverse, read as a number, is one less than a power of two.
+  const std::uint32_t inverse =
+      ~((std::uint32_t{mask.octet[0]} << 24) | (std::uint32_t{mask.octet[1]} << 16) |
+        (std::uint32_t{mask.octet[2]} << 8) | mask.octet[3]);
+  return mask.octet[0] != 0 && (inverse & (inverse + 1)) == 0;
+}
+
+config::Ipv4 parse_ipv4(std::string_view text, char separator) {
+  constexpr config::Ipv4 refused{};
+  std::size_t separators = 0;
+  std::size_t digits = 0;
+  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+    if (text[i] == separator) {
+      ++separators;
+      digits = 0;
+    } else if (!is_digit(text[i]) || ++digits > 3) {
+      return refused;
+    }
+  }
+  config::Ipv4 address{};
+  if (separators != address.octet.size() - 1) {
+    return refused;
+  }
+  for (std::uint8_t& octet : address.octet) {
+    const std::string_view field = text.substr(0, text.find(separator));
+    const std::uint32_t value = decimal_value(field).value_or(UINT32_MAX);
+    if (value > 255) {
+      return refused;
+    }
+    octet = static_cast<std::uint8_t>(value);
+    text.remove_prefix(std::min(field.size() + 1, text.size()));
+  }
+  return address;
+}
+
+bool parse_mac(std::span<char> text, config::Mac& mac, char separator) {
+  constexpr std::size_t length = 18;
+  mac = {};
+  if (config::text_in(text).size() != length) {
+    return false;
+  }
+  text[length - 1] = '\0';
+  for (std::size_t i = 0; i < length - 1; ++i) {
+    if (i % 3 == 2 ? text[i] != separator : hex_nibble(text[i]) == 255) {
+      return false;
+    }
+  }
+  for (std::size_t i = 0; i < mac.byte.size(); ++i) {
+    mac.byte[i] = hex_byte(text[3 * i], text[3 * i + 1]);
+  }
+  return true;
+}
+
+std::uint8_t hex_nibble(char digit) {
+  if (is_digit(digit)) {
+    return static_cast<std::uint8_t>(digit - '0');
+  }
+  if (digit >= 'a' && digit <= 'f') {
+    return static_cast<std::uint8_t>(digit - 'a' + 10);
+  }
+  if (digit >= 'A' && digit <= 'F') {
+    return static_cast<std::uint8_t>(digit - 'A' + 10);
+  }
+  return 255;
+}
+
+std::uint8_t hex_byte(char high, char low) {
+  return static_cast<std::uint8_t>(16 * hex_nibble(high) + hex_nibble(low));
+}
+
+}  // namespace shell

@@ -1,0 +1,70 @@
+// The device as the fake platform plays it: records in memory, a clock that stands still, scripted input, and
+// every command noted in the order in which it was run.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "config/login_record.h"
+#include "config/segment.h"
+#include "platform/platform.h"
+
+namespace tests {
+
+struct Device {
+  config::LoginRecord login{};
+  config::ConfigurationSegment settings{};
+  std::uint32_t voice_change = 0;
+
+  std::uint32_t clock = 1'000'000;  // sleeping and waiting move it on
+  platform::LocalTime local_time{2010, 3, 15, 14, 30, 5};
+
+  // What is typed, in the pieces in which it arrives; after the last one the connection is closed.
+  std::deque<std::string> input;
+  // Called whenever the console waits for input, before the piece is handed over; counts from 0.
+  std::function<void(std::size_t wait)> on_wait;
+
+  // All output, with "{...}" for everything else the console does, in order.
+  std::string transcript;
+  // Where in the transcript each wait for input happened.
+  std::vector<std::size_t> waits;
+
+  // What commands print, by command line; a command that is not here prints nothing.
+  std::map<std::string, std::string> command_output;
+  // Called for each command line run through the shell.
+  std::function<void(const std::string& command)> on_command;
+  std::map<std::string, int> program_status;  // by path; 0 when it is not here
+  std::map<std::string, std::string> files;
+  // What the voice daemon answers to each datagram.
+  std::function<std::vector<std::string>(const std::string& request)> on_datagram;
+
+  // The settings as they were when they were last saved.
+  std::optional<config::ConfigurationSegment> saved;
+
+  // Calls that fail: "attach 1234", "open PATH", "write PATH", "udp socket", "start PATH", "output", ...
+  std::set<std::string> failing;
+
+  int open_descriptors = 0;
+  int attached_segments = 0;
+};
+
+// The device of the running test.
+Device& device();
+void use_device(Device& device);
+
+// Ends a session from inside the fake: where exit_process() goes.
+struct SessionEnd {
+  int status;
+};
+
+// Runs `body` until it calls platform::exit_process(), and returns the status.
+int run_to_exit(void (*body)());
+
+}  // namespace tests

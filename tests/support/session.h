@@ -1,0 +1,49 @@
+// Sessions as an administrator has them, on the fake device.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/device.h"
+
+namespace tests {
+
+// A device with a user admin/admin, an idle time-out of 300 seconds, all rule slots free and everything else
+// 0.
+struct Desk : Device {
+  Desk();
+  // Sets a field by its name in the field table, e.g. "sip_port" or "virtual_server_table[3].enable".
+  Desk& set(std::string_view name, std::string_view value);
+};
+
+// Runs the console over the whole input, to its end, and returns the exit status.
+int run_session(Device& device, std::string_view input);
+
+// What one visit to a menu item did.
+struct Visit {
+  // From the item's first prompt on, up to the submenu that is shown again; commands and the like as "{...}".
+  std::string shown;
+  // The console came back to the submenu.
+  bool returned;
+  // "name=value" of every element that differs from before, separated by blanks.
+  std::string changed;
+  int status;
+};
+
+// Enter, that many times.
+inline std::string enters(int times) {
+  return std::string(static_cast<std::size_t>(times), '\n');
+}
+
+// Logs in, opens the submenu and the item, types the answers (each ended by "\n") and closes the connection.
+// Holds the visit to what is true of every dialogue: nothing is left open, and what was saved is what is
+// stored.
+Visit visit(Device& device, int submenu, int item, std::string_view answers);
+
+// The differences, as in Visit::changed. A difference behind a text's NUL, or in a reserved range, shows as
+// well.
+std::string differences(const config::ConfigurationSegment& before,
+                        const config::ConfigurationSegment& after);
+
+}  // namespace tests

@@ -1,0 +1,94 @@
+"""A desk device of a test's own, reached the ways a person reaches it."""
+
+import os
+import re
+import subprocess
+
+import pexpect
+import pytest
+
+TREE = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
+PROMPT = re.escape("[4830NT]#")
+
+
+class Desk:
+    def __init__(self, state):
+        self.state = str(state)
+        self.environment = dict(os.environ, DESK_STATE=self.state, TERM="dumb")
+        self.partition = os.path.join(self.state, "root/dev/mtdblock/5")
+        self.spawned = []
+
+    def spawn(self, command, *arguments):
+        child = pexpect.spawn(command, list(arguments), env=self.environment, cwd=TREE, encoding="utf-8", timeout=10)
+        child.delaybeforesend = None
+        self.spawned.append(child)
+        return child
+
+    def console(self):
+        """./run on a terminal, at its first prompt."""
+        child = self.spawn("./run")
+        child.expect("Username:")
+        return child
+
+    def log_in(self, child):
+        child.sendline("admin")
+        child.expect("Password:")
+        child.sendline("admin")
+        child.expect(PROMPT)
+        return child
+
+    def run(self, *arguments, text=""):
+        """./run without a terminal, to its end."""
+        return subprocess.run(["./run", *arguments], input=text, env=self.environment, cwd=TREE, capture_output=True,
+                              text=True, timeout=30)
+
+    def inside(self, *command):
+        """A program of the device, while a session keeps it up."""
+        return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
+                              timeout=10)
+
+    def show(self, *names):
+        """Stored settings by name."""
+        shown = self.run("--show", *names)
+        assert shown.returncode == 0, shown.stderr
+        return dict(line.split("=", 1) for line in shown.stdout.splitlines())
+
+    def log(self):
+        return self.run("--log").stdout
+
+    def store(self, text):
+        """Puts a text into the flash partition, as another firmware or a fault might leave it."""
+        os.makedirs(os.path.dirname(self.partition), exist_ok=True)
+        with open(self.partition, "w", encoding="latin-1") as file:
+            file.write(text)
+
+    def wait_until_down(self):
+        """The supervisor holds desk.lock to its end."""
+        subprocess.run(["flock", "-w", "2", os.path.join(self.state, "desk.lock"), "true"], check=True)
+
+    def processes(self):
+        """Every process of this desk: those in its memory space, and its supervisor."""
+        with open(os.path.join(self.state, "up"), encoding="ascii") as up:
+            ours = os.readlink(f"/proc/{up.read().split()[0]}/ns/ipc")
+        found = []
+        for process in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{process}/cmdline", encoding="latin-1") as command:
+                    if os.readlink(f"/proc/{process}/ns/ipc") == ours or self.state in command.read():
+                        found.append(process)
+            except OSError:  # another user's, or gone
+                pass
+        return found
+
+    def end(self):
+        for child in self.spawned:
+            child.close(force=True)
+        if os.path.exists(os.path.join(self.state, "desk.lock")):
+            self.wait_until_down()
+
+
+@pytest.fixture
+def desk(tmp_path):
+    one = Desk(tmp_path / "desk")
+    yield one
+    one.end()

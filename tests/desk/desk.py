@@ -11,6 +11,15 @@ TREE = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
 PROMPT = re.escape("[4830NT]#")
 
 
+def command_line(process):
+    """Empty for a process that has ended."""
+    try:
+        with open(f"/proc/{process}/cmdline", encoding="latin-1") as file:
+            return file.read()
+    except OSError:
+        return ""
+
+
 class Desk:
     def __init__(self, state):
         self.state = str(state)
@@ -64,18 +73,20 @@ class Desk:
 
     def wait_until_down(self):
         """The supervisor holds desk.lock to its end."""
-        subprocess.run(["flock", "-w", "2", os.path.join(self.state, "desk.lock"), "true"], check=True)
+        subprocess.run(["flock", "-w", "5", os.path.join(self.state, "desk.lock"), "true"], check=True)
 
     def processes(self):
-        """Every process of this desk: those in its memory space, and its supervisor."""
+        """Every process of this desk: those that share its memory and root directory, and its supervisor."""
+        def home(process):
+            return os.readlink(f"/proc/{process}/ns/ipc"), os.readlink(f"/proc/{process}/root")
+
         with open(os.path.join(self.state, "up"), encoding="ascii") as up:
-            ours = os.readlink(f"/proc/{up.read().split()[0]}/ns/ipc")
+            ours = home(up.read().split()[0])
         found = []
         for process in filter(str.isdigit, os.listdir("/proc")):
             try:
-                with open(f"/proc/{process}/cmdline", encoding="latin-1") as command:
-                    if os.readlink(f"/proc/{process}/ns/ipc") == ours or self.state in command.read():
-                        found.append(process)
+                if home(process) == ours or self.state in command_line(process):
+                    found.append(process)
             except OSError:  # another user's, or gone
                 pass
         return found

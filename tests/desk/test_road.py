@@ -1,13 +1,13 @@
 """The road of a change on the whole device: terminal, console, segment, flash partition, voice daemon."""
 
-import os
 import re
 import signal
 import socket
 import subprocess
 
 import pexpect
-from desk import PROMPT, TREE
+import pytest
+from desk import PROMPT, command_line
 
 
 def set_sip_port(child, port):
@@ -53,6 +53,18 @@ def test_a_second_login_is_turned_away_until_the_first_leaves(desk):
     desk.log_in(desk.console())
 
 
+def test_a_login_on_the_web_pages_ends_the_console_and_holds_others_off_until_it_expires(desk):
+    child = desk.log_in(desk.console())
+    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "60")
+    child.sendline("help")
+    child.expect("Connection Time Out!! Please Re-Login!!\r\nBye Bye!!\r\n")
+    keeper = desk.console()
+    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "60")
+    assert desk.run(text="admin\nadmin\n").stdout == "Duplex Login with 192.168.1.77\n"
+    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "0")
+    desk.log_in(keeper)
+
+
 def test_a_script_gets_the_consoles_output_and_status(desk):
     done = desk.run(text="admin\nadmin\nq\n")
     assert done.returncode == 1
@@ -66,7 +78,8 @@ def test_a_telnet_client_gets_a_console_of_its_own(desk):
         probe.bind(("127.0.0.1", 0))
         port = str(probe.getsockname()[1])
     server = desk.spawn("./run", "--telnet", port)
-    server.expect(f"Telnet clients are served on 127.0.0.1 port {port}")
+    if server.expect([f"Telnet clients are served on 127.0.0.1 port {port}", "only namespaces"]):
+        pytest.skip(server.before + server.after)
     client = desk.spawn("telnet", "127.0.0.1", port)
     client.expect("Username:")
     desk.log_in(client)
@@ -92,15 +105,11 @@ def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
     child.sendline("q")
     child.expect(pexpect.EOF)
 
-    trace = calls.read_text()
-    console = re.search(r'^(\d+) +execve\("/usr/sbin/console"', trace, re.M).group(1)
-    mine = re.findall(rf"^{console} +(read|write)\(([01]), (.*)", trace, re.M)
-    answers = [call for call in mine if call[:2] == ("read", "0")]
-    assert len(answers) == 20  # name, password, three menu lines ("2", "0", "q", then "q") and 14 questions
-    for (name, descriptor, _), (next_name, _, _) in zip(mine, mine[1:]):
-        assert (name, next_name) in {("write", "read"), ("read", "write"), ("write", "write")}
-    between_questions = [text for name, _, text in mine if name == "write" and "Session Timer" in text]
-    assert len(between_questions) == 1 and between_questions[0].startswith('"Session Timer')
+    process, trace = re.search(r'^(\d+) +execve\("/usr/sbin/console"(.*)', calls.read_text(), re.M | re.S).groups()
+    mine = re.findall(rf"^{process} +(?:(r)ead\(0|(w)rite\(1),", trace, re.M)
+    order = "".join(read or write for read, write in mine)
+    # Name, password, "2", "0" and 14 answers; the save, whose message is out before the prompt; "q" twice.
+    assert re.fullmatch("(wr){18}ww?(rw){2}", order)
 
 
 def test_killing_the_session_leaves_nothing_behind(desk):
@@ -111,9 +120,9 @@ def test_killing_the_session_leaves_nothing_behind(desk):
         assert len(processes) > 4
         child.kill(end)
         child.expect(pexpect.EOF)
+        child.wait()
         desk.wait_until_down()
-        assert [p for p in processes if os.path.exists(f"/proc/{p}")] == []
+        assert [p for p in processes if command_line(p)] == []
     with open("/proc/self/mounts", encoding="utf-8") as mounts:
         assert desk.state not in mounts.read()
     assert subprocess.check_output(["ipcs", "-m"]) == before
-    assert TREE  # the tree itself stays

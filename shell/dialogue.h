@@ -99,6 +99,12 @@ class Dialogue {
     return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
   }
 
+  // A number that is no field of its own: shown and kept like one, and only returned.
+  std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
+                          Option option = {}) {
+    return ask_number(prompt, current, {Kind::number, range, {}}, option);
+  }
+
   // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
     return write(field, ask_address(prompt, field, Kind::address, option));

@@ -67,6 +67,11 @@ class Desk:
         return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
                               timeout=10)
 
+    def street(self, *command):
+        """A program outside the device, at the other end of its wires."""
+        return subprocess.run(["desk/street", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
+                              timeout=20)
+
     def owns_network(self):
         return self.inside("/bin/test", "-e", "/var/run/own_network").returncode == 0
 

@@ -7,7 +7,15 @@ pid_file=/var/run/udhcpd.pid leases=/var/run/udhcpd.leases
 configuration() {
   # shellcheck disable=SC2016
   from_settings '
+    function place(address,    octet) {
+      split(address, octet, ".")
+      return ((octet[1] * 256 + octet[2]) * 256 + octet[3]) * 256 + octet[4]
+    }
     END {
+      size = place(stored["dhcp_end_ip"]) - place(stored["dhcp_start_ip"]) + 1
+      if (size > 0 && size < 235) {  # of a larger pool udhcpd lends 235, and it says so when the pool is smaller
+        print "max_leases " size
+      }
       print "interface eth1"
       print "start " stored["dhcp_start_ip"]
       print "end " stored["dhcp_end_ip"]

@@ -28,7 +28,7 @@ class Desk:
         self.spawned = []
 
     def spawn(self, command, *arguments):
-        child = pexpect.spawn(command, list(arguments), env=self.environment, cwd=TREE, encoding="utf-8", timeout=10)
+        child = pexpect.spawn(command, list(arguments), env=self.environment, cwd=TREE, encoding="utf-8", timeout=30)
         child.delaybeforesend = None
         self.spawned.append(child)
         return child
@@ -65,12 +65,12 @@ class Desk:
     def inside(self, *command):
         """A program of the device, while a session keeps it up."""
         return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
-                              timeout=10)
+                              timeout=30)
 
     def street(self, *command):
         """A program outside the device, at the other end of its wires."""
         return subprocess.run(["desk/street", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
-                              timeout=20)
+                              timeout=30)
 
     def owns_network(self):
         return self.inside("/bin/test", "-e", "/var/run/own_network").returncode == 0

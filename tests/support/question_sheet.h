@@ -10,9 +10,9 @@
 
 namespace tests {
 
-// Keeps all; gives each first, then each last accepted answer; gives every refused one behind first answers,
-// and, if the dialogue asks again, q to the question that comes back. Rows of `per_phone` follow for "#" 0
-// and then 1.
+// Keeps all; gives each first, then each last accepted answer, and texts one character longer than that where
+// these leave the field empty; gives every refused answer behind first ones, and then q to the question that
+// comes back. Rows of `per_phone` follow for "#" 0 and then 1.
 void hold_to_sheet(int submenu, int item, bool asks_again, const std::string& opening,
                    const std::string& sheet, const std::string& per_phone = "");
 

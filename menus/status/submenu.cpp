@@ -1,5 +1,7 @@
 #include "menus/status/submenu.h"
 
+#include "menus/status/items.h"
+
 namespace menus::status {
 
 const shell::Submenu submenu = {
@@ -7,8 +9,8 @@ const shell::Submenu submenu = {
     {{
         {"Device Infomation"},
         {"Log"},
-        {"Line State"},
-        {"Call Detailed Record"},
+        {"Line State", line_state},
+        {"Call Detailed Record", call_detail_records},
     }},
 };
 

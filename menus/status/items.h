@@ -1,0 +1,9 @@
+// The pages of the Status menu. They change no setting.
+#pragma once
+
+namespace menus::status {
+
+void line_state();
+void call_detail_records();
+
+}  // namespace menus::status

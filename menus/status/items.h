@@ -3,6 +3,7 @@
 
 namespace menus::status {
 
+void log_viewer();
 void line_state();
 void call_detail_records();
 

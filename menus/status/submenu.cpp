@@ -8,7 +8,7 @@ const shell::Submenu submenu = {
     "Status",
     {{
         {"Device Infomation"},
-        {"Log"},
+        {"Log", log_viewer},
         {"Line State", line_state},
         {"Call Detailed Record", call_detail_records},
     }},

@@ -3,6 +3,7 @@
 
 namespace menus::status {
 
+void device_information();
 void log_viewer();
 void line_state();
 void call_detail_records();

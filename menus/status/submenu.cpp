@@ -7,7 +7,7 @@ namespace menus::status {
 const shell::Submenu submenu = {
     "Status",
     {{
-        {"Device Infomation"},
+        {"Device Infomation", device_information},
         {"Log", log_viewer},
         {"Line State", line_state},
         {"Call Detailed Record", call_detail_records},

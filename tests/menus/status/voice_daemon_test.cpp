@@ -86,11 +86,11 @@ TEST(LineState, AsksOnceAndStaysInItsColumns) {
         Strings{"send", "recv", "lost"}[i % 3] + Strings{" 0 0\n", " 0 1\n", " 1 0\n", " 1 1\n"}[i / 3 % 4];
     reply += i == 19 ? "-7\n" : i == 20 ? "x\n" : i == 21 ? "4294967296\n" : std::to_string(i) + " packets\n";
   }
-  DaemonDesk desk({reply + "w\n%s\xff nineteen bytes\n%s\xff of twenty bytes.\nz\n"});
+  DaemonDesk desk({reply + "w\n%s\xff nineteen bytes!\nz\n%s\xff of twenty bytes.\n"});
   EXPECT_EQ(desk.page(2),
             "\nPhone 1            |Phone 2            |Account 1          |Account 2\n"
             "-------------------+-------------------+-------------------+------------------\n"
-            "w                  |%s\xff nineteen bytes |%s\xff of twenty bytes|z                  \n"
+            "w                  |%s\xff nineteen bytes!|z                  |%s\xff of twenty bytes\n"
             "\n     |       |RTP Send Packets   |RTP Recv Packets   |Packet loss\n"
             "Phone|Channel|    Total|  Current|    Total|  Current|    Total|  Current\n"
             "-----+-------+---------+---------+---------+---------+---------+--------------\n"

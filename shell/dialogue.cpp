@@ -48,17 +48,20 @@ bool typed_digits() {
 // ---- One question ----
 
 // Converts the input line when it is an answer of the rule's kind.
-bool Dialogue::accepts(const Rule& rule, Value& value) {
+bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
   switch (rule.kind) {
-    case Kind::choice:
-      if (single_digit() < 0) {
+    case Kind::choice: {
+      const int digit = option.rest_ignored ? leading_digit() : single_digit();
+      if (digit < 0) {
         return false;
       }
-      value.word = static_cast<std::uint32_t>(single_digit());
+      value.word = static_cast<std::uint32_t>(digit);
       break;
+    }
     case Kind::number: {
-      const auto number = decimal_value(line_text());
-      if (!is_all_digits(line_text()) || !number) {
+      const bool leads = option.rest_ignored && leading_digit() >= 0;
+      const auto number = leads ? decimal_value(line_text()) : whole_number(line_text());
+      if (!number) {
         return false;
       }
       value.word = *number;
@@ -126,8 +129,8 @@ Dialogue::Value Dialogue::ask(const PromptText& prompt, std::string_view shown, 
     }
     Value value = current;
     const bool kept = answer == Answer::empty && (!required || option.empty_is_zero);
-    const bool accepted =
-        kept ? !option.judge_kept || passes(rule, value) : answer == Answer::given && accepts(rule, value);
+    const bool accepted = kept ? !option.judge_kept || passes(rule, value)
+                               : answer == Answer::given && accepts(rule, option, value);
     if (accepted) {
       answered(option, kept);
       return value;

@@ -36,6 +36,7 @@ struct Option {
   const Refusal* refusal = nullptr;  // in place of the family's
   bool judge_kept = false;           // a kept value must pass the test as well
   bool empty_is_zero = false;        // when adding: an empty line counts as 0
+  bool rest_ignored = false;         // only a choice's first character, a number's leading digits count
   bool no_empty_line = false;       // when asking again: the dialogue prints something else behind the answer
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
@@ -88,6 +89,13 @@ class Dialogue {
                       Option option = {}) {
     const std::uint32_t value = ask_number(prompt, field, {Kind::choice, {}, digits}, option);
     return write(field, static_cast<std::uint8_t>(value));
+  }
+
+  // A choice among things with names: the prompt shows the name of the current one, whose number is
+  // `current`. Returns the chosen number; the caller knows what to write.
+  std::uint32_t named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
+                             std::string_view digits, Option option = {}) {
+    return ask(prompt, name, {current, {}}, {Kind::choice, {}, digits}, option, adding_).word;
   }
 
   // Decimal digits, in range. A field narrower than the range's end keeps the number's low bits.
@@ -180,7 +188,7 @@ class Dialogue {
   std::span<char> note(void* field, std::size_t size);
   void note(void* field, const void* value, std::size_t size);
 
-  static bool accepts(const Rule& rule, Value& value);
+  static bool accepts(const Rule& rule, const Option& option, Value& value);
   static bool passes(const Rule& rule, const Value& value);
 
   const Family& family_;

@@ -26,8 +26,9 @@ const string route = save + "staticroute.sh restart" + done, filter =
     save + "filter.sh start > /dev/null 2>&1}{/etc/init.d/nat.sh start" + done;
 const string any = "255.255.255.255", wide_any = any + "-" + any + "|";
 const string wide = "192.168.  0. 50-192.168.  1.100|", unbounded = "By Schedule,255:255-255:255,Sun-Sun\n";
-const string column = "By Schedule,8:05-17:30,Fri-Mon\n", fw_cells = string(31, '-') + "+--------+-----------\n";
-const string fw_edge = "+-----------+---------+", fw_end = "---" + fw_edge + fw_cells, fw_lines = "   " + fw_edge + string(52, '-') +
+const string column = "By Schedule,8:05-17:30,Fri-Mon\n", fw_edge = "+-----------+---------+";
+const string fw_cells = string(31, '-') + "+--------+-----------\n", fw_end = "---" + fw_edge + fw_cells;
+const string fw_lines = "   " + fw_edge + string(52, '-') +
     "\n   |           |Interface|IP Range                       |Protocol|Port Range \n" + "   " + fw_edge +
     fw_cells + "   |source     |";
 
@@ -194,6 +195,7 @@ TEST(RuleTables, EveryAnswerAndRefusal) {
     }
     desk.expect_refused("1\n32\n", opening + which_item + wrong_choice);
     EXPECT_EQ(desk.go("01\n00\n00\n").changed, switched + desk.name(0) + "enable=255 ");
+    desk.expect_refused("1\n0\n", table.list + behind + which_item + wrong_choice);  // free again
 
     // A rule of 0xFF throughout lists within its fields; kept, it changes only a mask without bounds.
     RuleDesk broken(table, 0xFF);
@@ -257,9 +259,11 @@ TEST(AdvancedMenu, WhatTheTablesDoNotShare) {
       {8, "domain_filter_table", "", "0\n0\n\n" + ips + text + "\n", filter,
        "@enable=0 @start_ip=8.8.8.8 @end_ip=8.8.8.9 @filter_string=" + text},
       {9, "firewall_rule_table", "", "1\n0\n1\n\n\n" + ips + "\n" + ips + "3\n0\n",
-       "4:ALL):Schedule?<0>(0:Always, 1:By Schedule):" + filter, "firewall_enable=1 @enable=1 " + fw_ips + "@protocol=3 @week_mask=1000000"},
-      {9, "firewall_rule_table", "@enable=1 @dst_port_end=9 @week_mask=1000000 " + fw_ips,
-       "0\n1\n0\n1\n" + enters(8) + "4\n\n", "4:ALL):Schedule?<0>(0:Always, 1:By Schedule):" + filter, "@dst_port_end=0 @protocol=4"},
+       "4:ALL):Schedule?<0>(0:Always, 1:By Schedule):" + filter,
+       "firewall_enable=1 @enable=1 " + fw_ips + "@protocol=3 @week_mask=1000000"},
+      {9, "firewall_rule_table", "@enable=1 @dst_port_start=8 @dst_port_end=9 @week_mask=1000000 " + fw_ips,
+       "0\n1\n0\n1\n" + enters(8) + "4\n\n", "4:ALL):Schedule?<0>(0:Always, 1:By Schedule):" + filter,
+       "@dst_port_start=0 @dst_port_end=0 @protocol=4"},
   };
   // clang-format on
   for (const auto& one : cases) {

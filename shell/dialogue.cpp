@@ -168,7 +168,10 @@ void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option)
 
 std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
                                  const Option& option) {
-  return ask(prompt, heading, {}, rule, option, true).word;
+  const Refusal wrong_choice(family_.bad_choice);
+  Option picking = option;
+  picking.refusal = option.refusal != nullptr ? option.refusal : &wrong_choice;
+  return ask(prompt, heading, {}, rule, picking, true).word;
 }
 
 void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule) {

@@ -123,6 +123,12 @@ class Dialogue {
     return write(field, static_cast<std::uint8_t>(value));
   }
 
+  // A number that is no field of its own: shown and kept like one, and only returned.
+  std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
+                          Option option = {}) {
+    return ask_number(prompt, current, {Kind::number, range, {}}, option);
+  }
+
   // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
     return write(field, ask_address(prompt, field, Kind::address, option));
@@ -139,8 +145,8 @@ class Dialogue {
     ask_text(prompt, field.bytes, rule);
   }
 
-  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero.
-  // A number of any length:
+  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero, and
+  // refused as a choice. A number of any length:
   std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, Option option = {}) {
     return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
   }

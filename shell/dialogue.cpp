@@ -48,18 +48,21 @@ bool typed_digits() {
 // ---- One question ----
 
 // Converts the input line when it is an answer of the rule's kind.
-bool Dialogue::accepts(const Rule& rule, Value& value) {
+bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
   switch (rule.kind) {
-    case Kind::choice:
-      if (single_digit() < 0) {
+    case Kind::choice: {
+      const int digit = option.rest_ignored ? leading_digit() : single_digit();
+      if (digit < 0) {
         return false;
       }
-      value.word = static_cast<std::uint32_t>(single_digit());
+      value.word = static_cast<std::uint32_t>(digit);
       break;
+    }
     case Kind::number:
     case Kind::listed: {
-      const auto number = decimal_value(line_text());
-      if (!number || (rule.kind == Kind::number && !is_all_digits(line_text()))) {
+      const bool as_it_begins = rule.kind == Kind::listed || (option.rest_ignored && leading_digit() >= 0);
+      const auto number = as_it_begins ? decimal_value(line_text()) : whole_number(line_text());
+      if (!number) {
         return false;
       }
       value.word = *number;
@@ -129,8 +132,8 @@ Dialogue::Value Dialogue::ask(const PromptText& prompt, std::string_view shown, 
     }
     Value value = current;
     const bool kept = answer == Answer::empty && (!required || option.empty_is_zero);
-    const bool accepted =
-        kept ? !option.judge_kept || passes(rule, value) : answer == Answer::given && accepts(rule, value);
+    const bool accepted = kept ? !option.judge_kept || passes(rule, value)
+                               : answer == Answer::given && accepts(rule, option, value);
     if (accepted) {
       answered(option, kept);
       return value;
@@ -165,7 +168,10 @@ void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option)
 
 std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
                                  const Option& option) {
-  return ask(prompt, heading, {}, rule, option, true).word;
+  const Refusal wrong_choice(family_.bad_choice);
+  Option picking = option;
+  picking.refusal = option.refusal != nullptr ? option.refusal : &wrong_choice;
+  return ask(prompt, heading, {}, rule, picking, true).word;
 }
 
 void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule) {

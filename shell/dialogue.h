@@ -36,6 +36,7 @@ struct Option {
   const Refusal* refusal = nullptr;  // in place of the family's
   bool judge_kept = false;           // a kept value must pass the test as well
   bool empty_is_zero = false;        // when adding: an empty line counts as 0
+  bool rest_ignored = false;         // only a choice's first character, a number's leading digits count
   bool no_empty_line = false;       // when asking again: the dialogue prints something else behind the answer
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
@@ -91,6 +92,13 @@ class Dialogue {
     return write(field, static_cast<std::uint8_t>(value));
   }
 
+  // A choice among things with names: the prompt shows the name of the current one, whose number is
+  // `current`. Returns the chosen number; the caller knows what to write.
+  std::uint32_t named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
+                             std::string_view digits, Option option = {}) {
+    return ask(prompt, name, {current, {}}, {Kind::choice, {}, digits}, option, adding_).word;
+  }
+
   // Decimal digits, in range. A field narrower than the range's end keeps the number's low bits.
   template <typename Number>
   std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range, Option option = {}) {
@@ -115,6 +123,12 @@ class Dialogue {
     return write(field, static_cast<std::uint8_t>(value));
   }
 
+  // A number that is no field of its own: shown and kept like one, and only returned.
+  std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
+                          Option option = {}) {
+    return ask_number(prompt, current, {Kind::number, range, {}}, option);
+  }
+
   // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
     return write(field, ask_address(prompt, field, Kind::address, option));
@@ -131,8 +145,8 @@ class Dialogue {
     ask_text(prompt, field.bytes, rule);
   }
 
-  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero.
-  // A number of any length:
+  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero, and
+  // refused as a choice. A number of any length:
   std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, Option option = {}) {
     return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
   }
@@ -202,7 +216,7 @@ class Dialogue {
   std::span<char> note(void* field, std::size_t size);
   void note(void* field, const void* value, std::size_t size);
 
-  static bool accepts(const Rule& rule, Value& value);
+  static bool accepts(const Rule& rule, const Option& option, Value& value);
   static bool passes(const Rule& rule, const Value& value);
 
   const Family& family_;

@@ -73,7 +73,11 @@ bool line_is_q() {
 }
 
 int single_digit() {
-  const bool is_digit = length == 1 && line[0] >= '0' && line[0] <= '9';
+  return length == 1 ? leading_digit() : -1;
+}
+
+int leading_digit() {
+  const bool is_digit = line[0] >= '0' && line[0] <= '9';
   return is_digit ? line[0] - '0' : -1;
 }
 

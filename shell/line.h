@@ -27,6 +27,8 @@ std::size_t line_length();
 bool line_is_q();
 // The value of a line that is exactly one decimal digit, else -1.
 int single_digit();
+// The value of the decimal digit with which the line begins, else -1.
+int leading_digit();
 
 // A session starts with nothing read.
 void reset_input();

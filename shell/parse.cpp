@@ -40,6 +40,10 @@ std::optional<std::uint32_t> decimal_value(std::string_view text) {
   return static_cast<std::uint32_t>(value);
 }
 
+std::optional<std::uint32_t> whole_number(std::string_view line) {
+  return is_all_digits(line) ? decimal_value(line) : std::nullopt;
+}
+
 bool ip_range_ascending(config::Ipv4 start, config::Ipv4 end) {
   return std::equal(start.octet.begin(), start.octet.end(), end.octet.begin(), std::less_equal<>());
 }

@@ -20,6 +20,10 @@ bool is_all_digits(std::string_view text);
 // Nothing when the value does not fit 32 bits, or is negative.
 std::optional<std::uint32_t> decimal_value(std::string_view text);
 
+// The number that such a line of digits is; 0 for a bare newline. Nothing when the line holds anything else
+// or the number does not fit 32 bits.
+std::optional<std::uint32_t> whole_number(std::string_view line);
+
 constexpr bool in_range(std::uint32_t value, std::uint32_t low, std::uint32_t high) {
   return low <= value && value <= high;
 }

@@ -1,13 +1,15 @@
 #include "menus/network/submenu.h"
 
+#include "menus/network/items.h"
+
 namespace menus::network {
 
 const shell::Submenu submenu = {
     "Basic Network Setting",
     {{
-        {"Wan Setting"},
-        {"Lan Setting"},
-        {"DHCP setting"},
+        {"Wan Setting", wan_setting},
+        {"Lan Setting", lan_setting},
+        {"DHCP setting", dhcp_setting},
     }},
 };
 

@@ -1,5 +1,7 @@
 #include "menus/tools/submenu.h"
 
+#include "menus/tools/items.h"
+
 namespace menus::tools {
 
 const shell::Submenu submenu = {
@@ -7,9 +9,9 @@ const shell::Submenu submenu = {
     {{
         {},  // not shown
         {},  // not shown
-        {"Day/Time Setting"},
-        {"DDNS Setting"},
-        {"System Setting"},
+        {"Day/Time Setting", day_time_menu},
+        {"DDNS Setting", ddns_menu},
+        {"System Setting", system_tools_menu},
     }},
 };
 

@@ -65,7 +65,7 @@ void call_screen_delete() {
 void call_screen_modify() {
   Dialogue ask(Dialogue::ask_again);
   CallScreenEntry& entry = pick_entry(ask);
-  CallScreenEntry answers = entry;
+  CallScreenEntry answers{};
   answers.screen_number.assign(entry.screen_number.view().substr(0, longest_phone_number));
   ask_number(ask, answers);
   if (ask.commit()) {

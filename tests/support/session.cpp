@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
 
 #include "config/field_table.h"
 #include "menus/advanced/submenu.h"
@@ -20,6 +21,13 @@ constexpr shell::MenuTree menus = {
     &menus::network::submenu, &menus::advanced::submenu, &menus::sip::submenu,
     &menus::voip::submenu,    &menus::tools::submenu,    &menus::status::submenu,
 };
+
+std::string replaced(std::string text, std::string_view from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
 
 }  // namespace
 
@@ -88,6 +96,41 @@ Visit visit(Device& device, int submenu, int item, std::string_view answers) {
     EXPECT_EQ(differences(*device.saved, device.settings), "") << "changed after it was saved";
   }
   return visit;
+}
+
+void expect_visits(Desk desk, int submenu, int item, const std::string& done, const std::string& script) {
+  std::istringstream lines(script + "\n\n");
+  std::string answers, changed, ending;
+  Desk its_desk = desk;
+  for (std::string line; std::getline(lines, line);) {
+    for (std::size_t at = 0, digits = 0; (at = line.find('*')) != std::string::npos;) {
+      const std::size_t times = std::stoul(line.substr(at + 1), &digits);
+      line.replace(at, digits + 1, times - 1, line[at - 1]);
+    }
+    if (line.starts_with('=')) {
+      std::istringstream fields(line.substr(1));
+      for (std::string field; fields >> field;) {
+        its_desk.set(field.substr(0, field.find('=')), field.substr(field.find('=') + 1));
+      }
+    } else if (line.starts_with('>')) {
+      answers += replaced(line.substr(1), "/", "\n");
+    } else if (line.starts_with('!')) {
+      changed += (changed.empty() ? "" : " ") + line.substr(1);
+    } else if (!line.empty()) {
+      ending += replaced(replaced(line, "$", done), "\\n", "\n");
+    } else {
+      desk = answers.empty() ? its_desk : desk;
+      std::istringstream alternatives(answers);
+      for (std::string one; std::getline(alternatives, one, '|');) {
+        Desk visited = its_desk;
+        const Visit seen = visit(visited, submenu, item, one);
+        EXPECT_TRUE(seen.shown.ends_with(ending)) << one << "\n" << seen.shown << "\nexpected:\n" << ending;
+        EXPECT_EQ(seen.changed, changed) << one;
+      }
+      answers = changed = ending = "";
+      its_desk = desk;
+    }
+  }
 }
 
 std::string differences(const config::ConfigurationSegment& before,

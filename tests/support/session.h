@@ -48,6 +48,13 @@ inline std::string enters(int times) {
 // stored.
 Visit visit(Device& device, int submenu, int item, std::string_view answers);
 
+// Visits in writing, each on its own copy of the desk, separated by empty lines. By a line's first character:
+//   =name=value name=value  fields set before; without answers they are set for all visits that follow
+//   >2/x*31/|//             answers, "/" after each; "x*31" is 31 times x; "|" parts answers that do the same
+//   !name=value             everything that changes
+// All other lines together are how `shown` ends, with "\n" for a line feed and "$" for `done`.
+void expect_visits(Desk desk, int submenu, int item, const std::string& done, const std::string& script);
+
 // The differences, as in Visit::changed. A difference behind a text's NUL, or in a reserved range, shows as
 // well.
 std::string differences(const config::ConfigurationSegment& before,

@@ -139,12 +139,13 @@ TEST(PhoneBook, KeepsItsKeysApart) {
 TEST(PhoneBook, FullOfEntriesWithoutANul) {
   Desk desk;
   std::memset(&desk.settings.phone_book, 'x', sizeof desk.settings.phone_book);
-  const std::string shown = told(desk, 7, "0\n3\n2\n49\n5\n\n\nq\n");
+  const std::string shown = told(desk, 7, "0\n3\n2\n49\n5\n\n\n1\n48\nq\n");
   EXPECT_TRUE(
       shown.starts_with("<menu>\nPhone book is full\n<menu>\nPhone book\n<rule>No.0 | DialKey=120 | Phone "
                         "number=" +
                         std::string(128, 'x') + "\nnote:" + std::string(259, 'x') + "\n<rule>No.1 "));
-  EXPECT_TRUE(shown.ends_with("<saved><menu>q:Exit\nphone_book[49].dial_key=5")) << shown;
+  EXPECT_TRUE(shown.ends_with("phone_book[49].dial_key=5 phone_book[48].phone_number= phone_book[48].note="));
+  EXPECT_EQ(desk.settings.phone_book[48].note.bytes[1], 'x');
 }
 
 TEST(CallScreen, HoldsTenNumbersToAList) {

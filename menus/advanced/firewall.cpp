@@ -1,0 +1,69 @@
+// Firewall rules: what passes from where to where.
+#include <array>
+
+#include "menus/advanced/items.h"
+#include "menus/advanced/schedule.h"
+#include "shell/output.h"
+
+namespace menus::advanced {
+namespace {
+
+constexpr std::uint8_t last_protocol_with_ports = 2;  // TCP and UDP
+constexpr std::uint8_t last_protocol = 4;
+
+// Three characters; blanks for a number outside the table.
+const char* interface_name(std::uint8_t interface) {
+  static constexpr std::array<const char*, 3> names = {"WAN", "LAN", "*  "};
+  return interface < names.size() ? names[interface] : "   ";
+}
+
+void show(const config::FirewallRule& rule) {
+  shell::print("     |%s    |", rule.action != 0 ? "Allow" : "Deny ");
+  show_schedule(rule.schedule);
+  shell::put(
+      "   +-----------+---------+----------------------------------------------------\n"
+      "   |           |Interface|IP Range                       |Protocol|Port Range \n"
+      "   +-----------+---------+-------------------------------+--------+-----------\n");
+  shell::print("   |source     |%s      |", interface_name(rule.src_interface));
+  show_ip_range(rule.src_ip_start, rule.src_ip_end);
+  shell::print("|        |\n   |destination|%s      |", interface_name(rule.dst_interface));
+  show_ip_range(rule.dst_ip_start, rule.dst_ip_end);
+  shell::print("|%s    |%5d-%5d\n", protocol_name(rule.protocol), rule.dst_port_start, rule.dst_port_end);
+  shell::put("---+-----------+---------+-------------------------------+--------+-----------\n");
+}
+
+void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
+  ask.choice("Action?<%d>(0:Deny, 1:Allow):", rule.action, "01", {.empty_is_zero = true});
+  ask.choice("Source interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.src_interface, "012",
+             {.empty_is_zero = true});
+  ask_ip_range(ask, "Source IP Range Start?<%u.%u.%u.%u>:", rule.src_ip_start,
+               "Source IP Range End?<%u.%u.%u.%u>:", rule.src_ip_end);
+  ask.choice("Destination interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.dst_interface, "012",
+             {.empty_is_zero = true});
+  ask_ip_range(ask, "Destination IP Range Start?<%u.%u.%u.%u>:", rule.dst_ip_start,
+               "Destination IP Range End?<%u.%u.%u.%u>:", rule.dst_ip_end);
+  const std::uint8_t protocol =
+      ask.choice("Protocol?<%d>(0:TCP, 1:UDP, 2:Both, 3:ICMP, 4:ALL):", rule.protocol, "01234");
+  if (protocol <= last_protocol_with_ports) {
+    ask_port_range(ask, "Destination Port Start?<%d>(1~65535):", rule.dst_port_start,
+                   "Destination Port End?<%d>(1~65535):", rule.dst_port_end);
+  } else if (protocol <= last_protocol) {
+    // A protocol of another program's, kept, keeps its ports as well.
+    ask.clear(rule.dst_port_start);
+    ask.clear(rule.dst_port_end);
+  }
+  ask_schedule(ask, rule.schedule);
+}
+
+}  // namespace
+
+constexpr RuleTable firewall_rules =
+    rule_table<&config::ConfigurationSegment::firewall_rule_table, show, ask_rule>({
+        .name = "Firewall",
+        .header = "ID:|Active     |Action   |Schedule\n"
+                  "---+-----------+---------+----------------------------------------------------\n",
+        .master = {&config::ConfigurationSegment::firewall_enable, "Firewall Enable",
+                   "Enable Firewall Function?(0:Disable, 1:Enable):"},
+    });
+
+}  // namespace menus::advanced

@@ -1,0 +1,26 @@
+// The dialogues of the advanced network menu.
+#pragma once
+
+#include "menus/advanced/rule_table.h"
+
+namespace menus::advanced {
+
+void nat_setting();
+void upnp_setting();
+void rule_summary();
+
+extern const RuleTable virtual_servers;
+extern const RuleTable special_applications;
+extern const RuleTable static_routes;
+extern const RuleTable mac_filters;
+extern const RuleTable ip_filters;
+extern const RuleTable url_filters;
+extern const RuleTable domain_filters;
+extern const RuleTable firewall_rules;
+
+template <const RuleTable& table>
+void rule_setting() {
+  configure_rules(table);
+}
+
+}  // namespace menus::advanced

@@ -1,0 +1,146 @@
+#include "menus/advanced/rule_table.h"
+
+#include <array>
+
+#include "shell/apply.h"
+#include "shell/output.h"
+#include "shell/parse.h"
+
+namespace menus::advanced {
+namespace {
+
+using shell::Dialogue;
+
+constexpr shell::Range yes_or_no{0, 1};
+constexpr shell::Range indices{0, rule_count - 1};
+
+bool is_free(const RuleTable& table, std::size_t index) {
+  return table.enable(index) == config::free_slot;
+}
+
+std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
+  for (std::size_t index = 0; index < rule_count; ++index) {
+    if (is_free(table, index)) {
+      return index;
+    }
+  }
+  ask.refuse(shell::Message::table_full);
+  return 0;
+}
+
+std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
+  ask.about(rule_count - 1);
+  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", indices);
+  if (is_free(table, index)) {
+    ask.refuse(shell::Message::wrong_choice);
+  }
+  if (!ask.ended()) {
+    show_rules(table, static_cast<int>(index));
+  }
+  return index;
+}
+
+}  // namespace
+
+void save_and_restart_filter() {
+  shell::save_settings();
+  shell::restart_filter_and_nat();
+}
+
+void show_rules(const RuleTable& table, int index) {
+  if (table.master.field != nullptr) {
+    shell::put("\n");
+    show_switch(table.master.label, shell::segment().*table.master.field);
+  }
+  shell::put(table.header);
+  for (std::size_t rule = 0; rule < rule_count; ++rule) {
+    const bool listed = index == all_rules || static_cast<std::size_t>(index) == rule;
+    if (listed && !is_free(table, rule)) {
+      shell::print("%2zu:|%d     ", rule, table.enable(rule));
+      table.show(rule);
+    }
+  }
+  shell::put("\n");
+}
+
+void configure_rules(const RuleTable& table) {
+  show_rules(table, all_rules);
+
+  Dialogue choose(Dialogue::refuse_by_kind);
+  const bool switched = table.master.field != nullptr;
+  const std::uint32_t master = switched ? choose.pick(table.master.prompt, yes_or_no) : 0;
+  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", yes_or_no) == 1;
+  const std::size_t index = modify ? pick_rule(choose, table) : find_free_slot(choose, table);
+  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", yes_or_no) == 0;
+  if (choose.ended()) {
+    return;
+  }
+
+  Dialogue ask(Dialogue::refuse_by_kind, modify ? Dialogue::Record::stored : Dialogue::Record::added);
+  if (switched) {
+    ask.write(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
+  }
+  if (remove) {
+    ask.write(table.enable(index), config::free_slot);
+  } else {
+    if (modify) {
+      shell::show_message(shell::Message::keep_with_enter);
+    }
+    ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable(index), "01",
+               {.empty_is_zero = true});
+    table.ask(ask, index);
+  }
+  if (ask.commit()) {
+    table.save_and_apply();
+  }
+}
+
+// ---- What several tables show and ask ----
+
+void show_switch(const char* label, std::uint8_t value) {
+  shell::print("%s:<%s>\n", label, value != 0 ? "Enable" : "Disable");
+}
+
+const char* protocol_name(std::uint8_t protocol) {
+  static constexpr std::array<const char*, 5> names = {"TCP ", "UDP ", "BOTH", "ICMP", "ALL "};
+  return protocol < names.size() ? names[protocol] : "    ";
+}
+
+void show_address(config::Ipv4 address) {
+  shell::print("%3u.%3u.%3u.%3u", address.octet[0], address.octet[1], address.octet[2], address.octet[3]);
+}
+
+void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
+  show_address(start);
+  shell::put("-");
+  show_address(end);
+}
+
+void ask_address(Dialogue& ask, AddressPrompt prompt, config::Ipv4& field) {
+  ask.address(prompt, field, {.judge_kept = true});
+}
+
+void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start, AddressPrompt end_prompt,
+                  config::Ipv4& end) {
+  const config::Ipv4 first = ask.address(start_prompt, start, {.judge_kept = true});
+  const config::Ipv4 last = ask.address(end_prompt, end, {.judge_kept = true});
+  if (!shell::ip_range_ascending(first, last)) {
+    ask.refuse(shell::Message::ip_range);
+  }
+}
+
+std::uint32_t ask_port(Dialogue& ask, NumberPrompt prompt, std::uint16_t& field) {
+  return ask.number(prompt, field, {1, 65535});
+}
+
+void ask_port_range(Dialogue& ask, NumberPrompt start_prompt, std::uint16_t& start, NumberPrompt end_prompt,
+                    std::uint16_t& end) {
+  const std::uint32_t first = ask_port(ask, start_prompt, start);
+  const std::uint32_t last = ask_port(ask, end_prompt, end);
+  if (first > last) {
+    // Not the port message: ports and addresses are ranges alike here.
+    ask.refuse(shell::Message::ip_range);
+  }
+}
+
+}  // namespace menus::advanced

@@ -1,0 +1,93 @@
+// Rule tables: arrays of 32 records in the segment, each record with its enable byte first. Records never
+// move; a record whose enable byte is config::free_slot is free.
+//
+// Listing and editing are the same for all tables: list, master switch where there is one, Add or Modify,
+// Delete or Edit, the record's prompts, save and apply. What a table brings of its own is in its RuleTable.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "config/segment.h"
+#include "shell/dialogue.h"
+#include "shell/session.h"
+
+namespace menus::advanced {
+
+constexpr int rule_count = 32;
+
+// How most tables end: save, then restart the packet filter and NAT.
+void save_and_restart_filter();
+
+// Switches a whole table on or off. It is stored only together with a rule that is added, edited or deleted.
+struct MasterSwitch {
+  std::uint8_t config::ConfigurationSegment::*field = nullptr;  // none: the table has no such switch
+  const char* label = "";                                       // on the list
+  shell::Prompt<shell::Shows::nothing> prompt = "";
+};
+
+struct RuleTable {
+  const char* name;         // in the rule summary
+  std::string_view header;  // the lines above the rows
+  MasterSwitch master = {};
+  void (*save_and_apply)() = save_and_restart_filter;
+
+  // Filled in by rule_table(), each about the rule with this index.
+  std::uint8_t& (*enable)(std::size_t index) = nullptr;
+  void (*show)(std::size_t index) = nullptr;
+  void (*ask)(shell::Dialogue& ask, std::size_t index) = nullptr;
+};
+
+// Joins a table of the segment with what shows one of its records and what asks for it.
+//   show_rule(const Record&): a list row behind the enable column's digit and five blanks, to the row's end.
+//   ask_rule(Dialogue&, Record&): every prompt behind the enable prompt, for an added and for a stored
+//   record.
+template <auto table, auto show_rule, auto ask_rule>
+consteval RuleTable rule_table(RuleTable parts) {
+  parts.enable = [](std::size_t index) -> std::uint8_t& { return (shell::segment().*table)[index].enable; };
+  parts.show = [](std::size_t index) { show_rule((shell::segment().*table)[index]); };
+  parts.ask = [](shell::Dialogue& ask, std::size_t index) {
+    ask_rule(ask, (shell::segment().*table)[index]);
+  };
+  return parts;
+}
+
+constexpr int all_rules = -1;
+
+// Lists all rules, or the one with this index under the same header.
+void show_rules(const RuleTable& table, int index);
+
+// The dialogue in which the rules of a table are added, edited and deleted.
+void configure_rules(const RuleTable& table);
+
+// ---- What several tables show and ask ----
+
+// "LABEL:<Enable>" or "LABEL:<Disable>", and the end of the line.
+void show_switch(const char* label, std::uint8_t value);
+
+// Four characters; blanks for a number outside the table.
+const char* protocol_name(std::uint8_t protocol);
+
+// Each octet right-aligned in three columns.
+void show_address(config::Ipv4 address);
+void show_ip_range(config::Ipv4 start, config::Ipv4 end);
+
+using AddressPrompt = shell::Prompt<shell::Shows::address>;
+using NumberPrompt = shell::Prompt<shell::Shows::number>;
+
+// An address that, typed or kept, is not 0.0.0.0.
+void ask_address(shell::Dialogue& ask, AddressPrompt prompt, config::Ipv4& field);
+
+// Two such addresses; of the resulting pair no octet of the start exceeds the end's.
+void ask_ip_range(shell::Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start,
+                  AddressPrompt end_prompt, config::Ipv4& end);
+
+// 1 to 65535.
+std::uint32_t ask_port(shell::Dialogue& ask, NumberPrompt prompt, std::uint16_t& field);
+
+// Two ports; the resulting pair does not descend.
+void ask_port_range(shell::Dialogue& ask, NumberPrompt start_prompt, std::uint16_t& start,
+                    NumberPrompt end_prompt, std::uint16_t& end);
+
+}  // namespace menus::advanced

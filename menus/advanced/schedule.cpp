@@ -1,0 +1,65 @@
+#include "menus/advanced/schedule.h"
+
+#include "shell/output.h"
+
+namespace menus::advanced {
+namespace {
+
+// What a rule without a schedule holds.
+constexpr config::Schedule always{0, 0, 0, 0, 0, build_week_mask(0, 0)};
+
+constexpr shell::Range hours{0, 23};
+constexpr shell::Range minutes{0, 55, 5};
+constexpr shell::Range weekdays{0, 6};
+
+}  // namespace
+
+DayRun week_mask_bounds(const WeekMask& mask) {
+  DayRun run{DayRun::no_day, DayRun::no_day};
+  // Backwards, so that of several runs the first bounds remain.
+  for (std::uint8_t day = days_of_week; day-- > 0;) {
+    const auto next = static_cast<std::uint8_t>((day + 1) % days_of_week);
+    if (mask[day] == '0' && mask[next] == '1') {
+      run.start_day = next;
+    }
+    if (mask[day] == '1' && mask[next] == '0') {
+      run.end_day = day;
+    }
+  }
+  return run;
+}
+
+const char* day_abbreviation(std::uint8_t day) {
+  static constexpr std::array<const char*, 7> days = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+  return days[day < days.size() ? day : 0];
+}
+
+void show_schedule(const config::Schedule& schedule) {
+  if (schedule.schedule_mode == 0) {
+    shell::put("Always\n");
+    return;
+  }
+  const DayRun days = week_mask_bounds(schedule.week_mask);
+  shell::print("By Schedule,%d:%02d-%d:%02d,%s-%s\n", schedule.start_hour, schedule.start_minute,
+               schedule.end_hour, schedule.end_minute, day_abbreviation(days.start_day),
+               day_abbreviation(days.end_day));
+}
+
+void ask_schedule(shell::Dialogue& ask, config::Schedule& schedule) {
+  if (ask.choice("Schedule?<%d>(0:Always, 1:By Schedule):", schedule.schedule_mode, "01") == 0) {
+    ask.write(schedule, always);
+    return;
+  }
+  ask.number("Start Time Hour?<%d>(0~23):", schedule.start_hour, hours);
+  ask.number("Start Time Minute?<%d>(00,05,10,15,20,25,30,35,40,45,50,55):", schedule.start_minute, minutes);
+  ask.number("End Time Hour?<%d>(0~23):", schedule.end_hour, hours);
+  ask.number("End Time Minute?<%d>(00,05,10,15,20,25,30,35,40,45,50,55):", schedule.end_minute, minutes);
+  const DayRun days = week_mask_bounds(schedule.week_mask);
+  const auto start = ask.number_of(
+      "Start Day?<%d>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):", days.start_day, weekdays);
+  const auto end =
+      ask.number_of("End Day?<%d>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):", days.end_day, weekdays);
+  ask.write(schedule.week_mask, build_week_mask(start, end));
+}
+
+}  // namespace menus::advanced

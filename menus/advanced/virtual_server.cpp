@@ -1,0 +1,33 @@
+// Virtual servers: a public port that leads to a port of a LAN host.
+#include "menus/advanced/items.h"
+#include "menus/advanced/schedule.h"
+#include "shell/output.h"
+
+namespace menus::advanced {
+namespace {
+
+void show(const config::VirtualServer& rule) {
+  shell::put("|");
+  show_address(rule.private_ip);
+  shell::print("|%s    |%7u|%6u|", protocol_name(rule.protocol), rule.private_port, rule.public_port);
+  show_schedule(rule.schedule);
+}
+
+void ask_rule(shell::Dialogue& ask, config::VirtualServer& rule) {
+  ask_address(ask, "Private IP?<%u.%u.%u.%u>:", rule.private_ip);
+  ask.choice("Protocol Type?<%d>(0:TCP, 1:UDP, 2:Both):", rule.protocol, "012");
+  ask_port(ask, "Private Port?<%d>(1~65535):", rule.private_port);
+  ask_port(ask, "Public Port?<%d>(1~65535):", rule.public_port);
+  ask_schedule(ask, rule.schedule);
+}
+
+}  // namespace
+
+constexpr RuleTable virtual_servers =
+    rule_table<&config::ConfigurationSegment::virtual_server_table, show, ask_rule>({
+        .name = "Virtual Server",
+        .header = "ID:|Enable|Lan IP         |Protocol|Private|Public|Schedule\n"
+                  "---+------+---------------+--------+-------+------+---------------------------\n",
+    });
+
+}  // namespace menus::advanced

@@ -1,0 +1,226 @@
+// The LAN's DHCP server: its address pool and lease time, and the clients that get a fixed address.
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "menus/network/items.h"
+#include "shell/apply.h"
+#include "shell/dialogue.h"
+#include "shell/output.h"
+#include "shell/parse.h"
+#include "shell/session.h"
+
+namespace menus::network {
+namespace {
+
+using config::Ipv4;
+using config::StaticDhcpClient;
+using shell::Dialogue;
+using shell::Message;
+
+void apply_dhcp() {
+  shell::save_settings();
+  shell::run_command(shell::segment().dhcp.dhcp_server_enable == 1
+                         ? "/etc/init.d/udhcpd.sh restart > /dev/null"
+                         : "/etc/init.d/udhcpd.sh stop > /dev/null");
+  shell::show_message(Message::saved);
+}
+
+// ---- The server ----
+
+struct LeaseTime {
+  std::uint32_t seconds;
+  char label[8];
+};
+
+constexpr std::array<LeaseTime, 7> lease_times = {{
+    {3600, "1 Hour"},
+    {7200, "2 Hours"},
+    {10800, "3 Hours"},
+    {86400, "1 Day"},
+    {172800, "2 Days"},
+    {259200, "3 Days"},
+    {604800, "1 Week"},
+}};
+
+// lease_times.size() when another program has stored a time that is not in the table.
+std::size_t lease_index(std::uint32_t seconds) {
+  const auto* const found =
+      std::find_if(lease_times.begin(), lease_times.end(),
+                   [seconds](const LeaseTime& lease) { return lease.seconds == seconds; });
+  return static_cast<std::size_t>(found - lease_times.begin());
+}
+
+const char* lease_label(std::size_t index) {
+  return index < lease_times.size() ? lease_times[index].label : "";
+}
+
+void show_dhcp_server() {
+  const config::DhcpSettings& dhcp = shell::segment().dhcp;
+  const auto& start = dhcp.dhcp_start_ip.octet;
+  const auto& end = dhcp.dhcp_end_ip.octet;
+  shell::print("DHCP Server Enable:<%d>(0:Disable, 1:Enable)\n", dhcp.dhcp_server_enable);
+  shell::print("DHCP Server Start IP:<%u.%u.%u.%u>\n", start[0], start[1], start[2], start[3]);
+  shell::print("DHCP Server End IP:<%u.%u.%u.%u>\n", end[0], end[1], end[2], end[3]);
+  shell::print("DHCP IP Lease Time:<%s>\n", lease_label(lease_index(dhcp.dhcp_lease_time)));
+  shell::put("\n");
+}
+
+Ipv4 ask_pool_address(Dialogue& ask, shell::Prompt<shell::Shows::address> prompt, Ipv4& field) {
+  const config::LanSettings& lan = shell::segment().lan;
+  const Ipv4 address = ask.address(prompt, field, {.judge_kept = true});
+  if ((address & lan.lan_netmask) != (lan.lan_ip & lan.lan_netmask)) {
+    ask.refuse(Message::illegal_value);
+  }
+  return address;
+}
+
+void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
+  if (ask.ended()) {
+    return;
+  }
+  for (std::size_t i = 0; i < lease_times.size(); ++i) {
+    shell::print("%d:%s\n", static_cast<int>(i), lease_times[i].label);
+  }
+  const std::size_t current = lease_index(lease_time);
+  const std::uint32_t chosen =
+      ask.named_choice("DHCP IP Lease Time?<%s>:", lease_label(current), static_cast<std::uint32_t>(current),
+                       "0123456", {.judge_kept = true});
+  ask.write(lease_time, lease_times[chosen].seconds);
+}
+
+void dhcp_server_setting() {
+  config::DhcpSettings& dhcp = shell::segment().dhcp;
+  show_dhcp_server();
+
+  Dialogue ask(Dialogue::refuse_by_kind);
+  ask.choice("DHCP Server Enable?<%d>(0:Disable, 1:Enable):", dhcp.dhcp_server_enable, "01");
+  const Ipv4 start = ask_pool_address(
+      ask, "DHCP Server Start IP?<%u.%u.%u.%u>(The IP must have same Netword ID with Lan IP):",
+      dhcp.dhcp_start_ip);
+  const Ipv4 end = ask_pool_address(
+      ask,
+      "DHCP Server End IP?<%u.%u.%u.%u>(The IP must have same Netword ID with Lan IP):", dhcp.dhcp_end_ip);
+  if (!shell::ip_range_ascending(start, end)) {
+    ask.refuse(Message::ip_range);
+  }
+  ask_lease_time(ask, dhcp.dhcp_lease_time);
+  if (ask.commit()) {
+    apply_dhcp();
+  }
+}
+
+// ---- Static clients ----
+
+void show_static_dhcp(std::size_t index) {
+  const StaticDhcpClient& client = shell::segment().dhcp.static_dhcp_table[index];
+  const auto& mac = client.mac.byte;
+  const auto& ip = client.ip.octet;
+  const auto description = client.description.view();
+  shell::print("%d:Enable:%d\tMAC:%02x:%02x:%02x:%02x:%02x:%02x\tIP:%u.%u.%u.%u\tDiscription:%.*s\n",
+               static_cast<int>(index), client.enable, mac[0], mac[1], mac[2], mac[3], mac[4], mac[5], ip[0],
+               ip[1], ip[2], ip[3], static_cast<int>(description.size()), description.data());
+}
+
+void show_static_dhcp() {
+  const auto& table = shell::segment().dhcp.static_dhcp_table;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (table[i].enable != config::free_slot) {
+      show_static_dhcp(i);
+    }
+  }
+  shell::put("\n");
+}
+
+void ask_client(Dialogue& ask, StaticDhcpClient& client) {
+  const config::DhcpSettings& dhcp = shell::segment().dhcp;
+  ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", client.enable, "01", {.empty_is_zero = true});
+  const Ipv4 ip = ask.address("IP?<%u.%u.%u.%u>:", client.ip, {.judge_kept = true});
+  // Octet by octet, as everywhere: behind the pool's start, which stays free, and not behind its end.
+  const bool in_pool =
+      !shell::ip_range_ascending(ip, dhcp.dhcp_start_ip) && shell::ip_range_ascending(ip, dhcp.dhcp_end_ip);
+  if (ask.adding() && !in_pool) {
+    ask.refuse(Message::illegal_value);
+  }
+  ask.mac("MAC?<%02x:%02x:%02x:%02x:%02x:%02x>:", client.mac);
+  if (ask.adding()) {
+    ask.text("Description?:", client.description, {.optional = true});
+  } else {
+    ask.text("Description?<%s>:", client.description);
+  }
+  if (ask.commit()) {
+    apply_dhcp();
+  }
+}
+
+void add_client() {
+  auto& table = shell::segment().dhcp.static_dhcp_table;
+  auto* const slot = std::find_if(table.begin(), table.end(), [](const StaticDhcpClient& client) {
+    return client.enable == config::free_slot;
+  });
+  if (slot == table.end()) {
+    shell::show_message(Message::table_full);
+    return;
+  }
+  Dialogue ask(Dialogue::refuse_by_kind, Dialogue::Record::added);
+  ask_client(ask, *slot);
+}
+
+void modify_client() {
+  auto& table = shell::segment().dhcp.static_dhcp_table;
+  Dialogue ask(Dialogue::refuse_by_kind);
+  const std::size_t index = ask.pick("What item do you want to configure? (0-31):", {0, 31});
+  StaticDhcpClient& client = table[index];
+  if (client.enable == config::free_slot) {
+    ask.refuse(Message::wrong_choice);
+  }
+  if (ask.ended()) {
+    return;
+  }
+  show_static_dhcp(index);
+  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", {0, 1}, {.rest_ignored = true});
+  if (ask.ended()) {
+    return;
+  }
+  if (edit != 0) {
+    shell::show_message(Message::keep_with_enter);
+    ask_client(ask, client);
+    return;
+  }
+  client.enable = config::free_slot;
+  apply_dhcp();
+}
+
+void static_client_setting() {
+  show_static_dhcp();
+  Dialogue ask(Dialogue::refuse_by_kind);
+  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", {0, 1});
+  if (ask.ended()) {
+    return;
+  }
+  if (modify != 0) {
+    modify_client();
+  } else {
+    add_client();
+  }
+}
+
+}  // namespace
+
+void dhcp_setting() {
+  Dialogue ask(Dialogue::refuse_by_kind);
+  const std::uint32_t clients = ask.pick_digit(
+      "What item do you want to configure? (0:DHCP SERVER Setting, 1:Static DHCP Client):", "01");
+  if (ask.ended()) {
+    return;
+  }
+  shell::show_message(Message::keep_with_enter);
+  if (clients != 0) {
+    static_client_setting();
+  } else {
+    dhcp_server_setting();
+  }
+}
+
+}  // namespace menus::network

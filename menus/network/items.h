@@ -1,0 +1,12 @@
+// The dialogues of the basic network menu.
+#pragma once
+
+namespace menus::network {
+
+// Ends with a reboot of the device.
+void wan_setting();
+// Ends with the end of the login, unless an answer was refused.
+void lan_setting();
+void dhcp_setting();
+
+}  // namespace menus::network

@@ -1,0 +1,70 @@
+// The router's LAN address. A change ends the login: the connection usually runs over the LAN.
+#include <algorithm>
+
+#include "menus/network/items.h"
+#include "shell/apply.h"
+#include "shell/dialogue.h"
+#include "shell/output.h"
+#include "shell/session.h"
+
+namespace menus::network {
+namespace {
+
+using config::Ipv4;
+
+void show_lan_setting() {
+  const config::LanSettings& lan = shell::segment().lan;
+  const auto& ip = lan.lan_ip.octet;
+  const auto& mask = lan.lan_netmask.octet;
+  shell::print("Lan IP:<%u.%u.%u.%u>\n", ip[0], ip[1], ip[2], ip[3]);
+  shell::print("Lan MASK:<%u.%u.%u.%u>\n", mask[0], mask[1], mask[2], mask[3]);
+  shell::print("DNS PROXY Enable:<%d>(0:disable,1:enable)\n", lan.dns_proxy_enable);
+  shell::put("\n");
+}
+
+// The first three octets of the LAN address, whatever the mask.
+void move_into_lan(Ipv4& address, Ipv4 lan_ip) {
+  std::copy_n(lan_ip.octet.begin(), 3, address.octet.begin());
+}
+
+// The DHCP server hands out addresses of the LAN only.
+void move_stray_pool(Ipv4 lan_ip, Ipv4 netmask) {
+  config::DhcpSettings& dhcp = shell::segment().dhcp;
+  const Ipv4 network = lan_ip & netmask;
+  if ((dhcp.dhcp_start_ip & netmask) == network && (dhcp.dhcp_end_ip & netmask) == network) {
+    return;
+  }
+  shell::run_command("/etc/init.d/udhcpd.sh stop");
+  move_into_lan(dhcp.dhcp_start_ip, lan_ip);
+  move_into_lan(dhcp.dhcp_end_ip, lan_ip);
+}
+
+}  // namespace
+
+void lan_setting() {
+  static constexpr auto bad_ip = shell::Refusal::line("Lan IP Error");
+  static constexpr auto bad_netmask = shell::Refusal::line("Lan MASK Error");
+  static constexpr auto bad_dns_proxy = shell::Refusal::line("Lan DNS PROXY Setting Error");
+
+  config::LanSettings& lan = shell::segment().lan;
+  show_lan_setting();
+  shell::show_message(shell::Message::keep_with_enter);
+
+  shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
+  const Ipv4 ip = ask.address("Lan IP<%u.%u.%u.%u>:", lan.lan_ip, {.refusal = &bad_ip, .judge_kept = true});
+  const Ipv4 netmask =
+      ask.netmask("Lan MASK<%u.%u.%u.%u>:", lan.lan_netmask, {.refusal = &bad_netmask, .judge_kept = true});
+  ask.write(lan.lan_broadcast, (ip & netmask) | ~netmask);
+  ask.choice("DNS PROXY Enable?<%d>(0:disable,1:enable):", lan.dns_proxy_enable, "0123456789",
+             {.refusal = &bad_dns_proxy});
+  if (!ask.commit()) {
+    return;
+  }
+  move_stray_pool(ip, netmask);
+  shell::save_settings();
+  shell::show_message(shell::Message::restart);
+  shell::run_command("/etc/init.d/reset_lan.sh > /dev/null 2>&1");
+  shell::end_console();
+}
+
+}  // namespace menus::network

@@ -1,0 +1,198 @@
+// How the WAN port gets its address: six types of connection, and what is asked whatever the type.
+#include <cstdint>
+#include <iterator>
+
+#include "menus/network/items.h"
+#include "platform/platform.h"
+#include "shell/apply.h"
+#include "shell/dialogue.h"
+#include "shell/session.h"
+
+namespace menus::network {
+namespace {
+
+using config::Ipv4;
+using config::WanSettings;
+using shell::Dialogue;
+using shell::Prompt;
+using shell::Shows;
+
+constexpr shell::Refusal wrong_choice = shell::Message::wrong_choice;
+
+enum class DnsMode : std::uint8_t { manual, asked };
+
+// Automatic DNS leaves the stored servers as they are.
+void dns_setting(Dialogue& ask, DnsMode mode) {
+  WanSettings& wan = shell::segment().wan;
+  const std::uint8_t chosen =
+      mode == DnsMode::asked
+          ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01", {.refusal = &wrong_choice})
+          : ask.write(wan.dns_mode, std::uint8_t{0});
+  if (chosen == 0) {
+    ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
+    ask.address("Secondary DNS IP<%u.%u.%u.%u>:", wan.secondary_dns);
+  }
+}
+
+void ask_ethernet_mtu(Dialogue& ask, std::int32_t& mtu) {
+  ask.number("MTU?<%d>(range 512~1500):", mtu, {512, 1500});
+}
+
+// Returns the network's broadcast address.
+Ipv4 ask_static_address(Dialogue& ask, Prompt<Shows::address> ip_prompt, Ipv4& ip, Ipv4& netmask,
+                        Ipv4& gateway) {
+  const Ipv4 address = ask.address(ip_prompt, ip);
+  const Ipv4 mask = ask.netmask("Subnet Mask?<%u.%u.%u.%u>:", netmask);
+  ask.address("Gateway?<%u.%u.%u.%u>:", gateway);
+  return address | ~mask;
+}
+
+// How every dialogue of a connection that is dialled ends.
+void ask_dialling(Dialogue& ask, std::uint8_t& connect_type, std::int32_t& max_idle_time) {
+  ask.choice("Connect Type?<%d>(0:Keep Alive,2:Manual On):", connect_type, "02");
+  ask.number("Max Idle Time?<%d>(0-9999):", max_idle_time, {0, 9999});
+  dns_setting(ask, DnsMode::asked);
+}
+
+void ask_static_ip(Dialogue& ask, WanSettings& wan) {
+  ask_ethernet_mtu(ask, wan.static_mtu);
+  ask.write(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
+                                                     wan.static_netmask, wan.static_gateway));
+  dns_setting(ask, DnsMode::manual);
+}
+
+void ask_dhcp(Dialogue& ask, WanSettings& wan) {
+  ask_ethernet_mtu(ask, wan.dhcp_mtu);
+  dns_setting(ask, DnsMode::asked);
+}
+
+void ask_pppoe(Dialogue& ask, WanSettings& wan) {
+  ask.number("MTU?<%d>(range 512~1492):", wan.pppoe_mtu, {512, 1492});
+  ask.text("PPPoE User Name?<%s>(MAX Character:127):", wan.pppoe_user_name);
+  ask.text("PPPoE Password?<%s>(MAX Character:127):", wan.pppoe_password);
+  ask.text("PPPoE Service Name?<%s>(MAX Character:127):", wan.pppoe_service_name);
+  if (ask.choice("PPPoE Type?<%d>(0:Dynamic,1:Static):", wan.pppoe_type, "0123456789") == 1) {
+    ask.address("Static PPPoE IP?<%u.%u.%u.%u>:", wan.pppoe_static_ip);
+  } else {
+    ask.clear(wan.pppoe_static_ip);
+  }
+  ask_dialling(ask, wan.pppoe_connect_type, wan.pppoe_max_idle_time);
+}
+
+// PPTP and L2TP ask the same of other fields.
+struct Tunnel {
+  Prompt<Shows::number> type_prompt;
+  Prompt<Shows::text> server_prompt;
+  Prompt<Shows::text> account_prompt;
+  Prompt<Shows::text> password_prompt;
+  std::int32_t& mtu;
+  std::uint8_t& type;
+  Ipv4& static_ip;
+  Ipv4& netmask;
+  Ipv4& gateway;
+  config::Text<128>& server;
+  config::Text<128>& account;
+  config::Text<128>& password;
+  std::uint8_t& connect_type;
+  std::int32_t& max_idle_time;
+};
+
+void ask_tunnel(Dialogue& ask, const Tunnel& tunnel) {
+  ask.number("MTU?<%d>(range 512~1400):", tunnel.mtu, {512, 1400});
+  if (ask.number(tunnel.type_prompt, tunnel.type, {0, 1}) == 1) {
+    ask_static_address(ask, "Static IP?<%u.%u.%u.%u>:", tunnel.static_ip, tunnel.netmask, tunnel.gateway);
+  } else {
+    ask.clear(tunnel.static_ip);
+    ask.clear(tunnel.netmask);
+    ask.clear(tunnel.gateway);
+  }
+  ask.text(tunnel.server_prompt, tunnel.server);
+  ask.text(tunnel.account_prompt, tunnel.account);
+  ask.text(tunnel.password_prompt, tunnel.password);
+  ask_dialling(ask, tunnel.connect_type, tunnel.max_idle_time);
+}
+
+void ask_pptp(Dialogue& ask, WanSettings& wan) {
+  const Tunnel pptp = {
+      "PPTP Type?<%d>(0:Dynamic IP,1:Static IP):",
+      "PPTP Server IP or domain Name?<%s>(MAX Character:127):",
+      "PPTP Account?<%s>(MAX Character:127):",
+      "PPTP Password?<%s>(MAX Character:127):",
+      wan.pptp_mtu,
+      wan.pptp_type,
+      wan.pptp_static_ip,
+      wan.pptp_netmask,
+      wan.pptp_gateway,
+      wan.pptp_server,
+      wan.pptp_account,
+      wan.pptp_password,
+      wan.pptp_connect_type,
+      wan.pptp_max_idle_time,
+  };
+  ask_tunnel(ask, pptp);
+}
+
+void ask_l2tp(Dialogue& ask, WanSettings& wan) {
+  const Tunnel l2tp = {
+      "L2TP Type?<%d>(0:Dynamic IP,1:Static IP):",
+      "L2TP Server IP or domain Name?<%s>(MAX Character:127):",
+      "L2TP Account?<%s>(MAX Character:127):",
+      "L2TP Password?<%s>(MAX Character:127):",
+      wan.l2tp_mtu,
+      wan.l2tp_type,
+      wan.l2tp_static_ip,
+      wan.l2tp_netmask,
+      wan.l2tp_gateway,
+      wan.l2tp_server,
+      wan.l2tp_account,
+      wan.l2tp_password,
+      wan.l2tp_connect_type,
+      wan.l2tp_max_idle_time,
+  };
+  ask_tunnel(ask, l2tp);
+}
+
+void ask_bigpond(Dialogue& ask, WanSettings& wan) {
+  ask.text("BigPond Account?<%s>(MAX Character:63):", wan.bigpond_account);
+  ask.text("BigPond Password?<%s>(MAX Character:63):", wan.bigpond_password);
+  ask.choice("Auth Server?<%d>(0:sm-server,1:dec-server):", wan.bigpond_auth_server, "01");
+  ask.text("BigPond Server IP or domain Name?<%s>(MAX Character:127):", wan.bigpond_server);
+}
+
+// By wan_type.
+constexpr void (*ask_type[])(Dialogue&, WanSettings&) = {ask_static_ip, ask_dhcp, ask_pppoe,
+                                                         ask_pptp,      ask_l2tp, ask_bigpond};
+
+}  // namespace
+
+void wan_setting() {
+  WanSettings& wan = shell::segment().wan;
+  shell::show_message(shell::Message::keep_with_enter);
+
+  constexpr shell::TextRule name{.too_long = shell::TextRule::TooLong::keeps_the_old};
+  Dialogue ask(Dialogue::refuse_as_illegal);
+  const std::uint8_t type =
+      ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type, "012345",
+                 {.refusal = &wrong_choice});
+  ask.text("Host Name?<%s>(MAX Character:127):", wan.host_name, name);
+  ask.text("domain Name?<%s>(MAX Character:127):", wan.domain_name, name);
+  if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {
+    ask.mac("Set MAC<%02x:%02x:%02x:%02x:%02x:%02x>:", wan.wan_mac);
+  } else {
+    ask.clear(wan.wan_mac);
+  }
+  ask.choice("Ping form WAN?<%d>(0:Disable,1:Enable):", wan.wan_ping_enable, "01");
+  // A kept type that is none of the six has nothing more to ask.
+  if (type < std::size(ask_type)) {
+    ask_type[type](ask, wan);
+  }
+
+  if (ask.commit()) {
+    shell::save_settings();
+    shell::show_message(shell::Message::reboot);
+    shell::run_command("/sbin/bbreboot &");
+    platform::sleep_seconds(1);
+  }
+}
+
+}  // namespace menus::network

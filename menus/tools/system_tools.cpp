@@ -1,0 +1,119 @@
+// Ping, and the reset to the factory settings.
+#include <array>
+#include <cerrno>
+#include <string_view>
+
+#include "config/values.h"
+#include "menus/tools/items.h"
+#include "platform/line_reader.h"
+#include "platform/platform.h"
+#include "shell/line.h"
+#include "shell/menu.h"
+#include "shell/output.h"
+#include "shell/parse.h"
+#include "shell/session.h"
+
+namespace menus::tools {
+namespace {
+
+constexpr const char* factory_defaults = "/opt/webctrl/meta/metafile.dat.default";
+constexpr const char* settings_partition = "/dev/mtdblock/5";
+
+void ping_host() {
+  shell::put("PING Destination : ");
+  if (shell::read_line() == 0) {
+    return;
+  }
+  config::strip_newline(shell::line_buffer());
+  const char* const arguments[] = {"ping", "-c", "1", shell::line_buffer().data(), nullptr};
+  shell::flush_output();
+  const int status = platform::run_program("/bin/ping", arguments, false);
+  if (status == 0) {
+    shell::put("PING Success.\n");
+  } else if (status == 255) {
+    shell::put("Error: ping broken!\n");
+  } else {
+    shell::put("Request timed out.\n");
+  }
+}
+
+// For a negative errno value. Returns false.
+bool report_failure(const char* path, int error) {
+  shell::print("%s: %s\n", path, platform::error_text(-error));
+  return false;
+}
+
+// Version markers are the defaults file's own and not copied. The partition is not opened, and so not
+// emptied, before there is something to write to it.
+bool copy_lines(int defaults, const char* path) {
+  platform::LineReader reader(defaults);
+  std::array<char, 510> buffer;
+  std::string_view piece = reader.next(buffer);
+  if (piece.empty()) {
+    return report_failure(path, reader.error() != 0 ? reader.error() : -ENODATA);
+  }
+  const int partition = platform::open_for_writing(settings_partition);
+  if (partition < 0) {
+    return report_failure(settings_partition, partition);
+  }
+  int write_error = 0;
+  for (; !piece.empty() && write_error == 0; piece = reader.next(buffer)) {
+    if (piece.find("#ver.") == std::string_view::npos) {
+      write_error = platform::write_all(partition, piece);
+    }
+  }
+  const int close_error = platform::close_file(partition);
+  if (write_error != 0 || close_error != 0) {
+    return report_failure(settings_partition, write_error != 0 ? write_error : close_error);
+  }
+  return reader.error() == 0 || report_failure(path, reader.error());
+}
+
+// On failure false, and one line has said which file and why.
+bool copy_factory_defaults(const char* path) {
+  const int defaults = platform::open_for_reading(path);
+  if (defaults < 0) {
+    return report_failure(path, defaults);
+  }
+  const bool copied = copy_lines(defaults, path);
+  platform::close_file(defaults);
+  return copied;
+}
+
+// Does not return once the defaults are in the partition. The segment still holds the old settings, so
+// nothing may save it any more.
+void factory_reset() {
+  shell::put("Factory Default Setting:\n");
+  shell::put("Set defice configuration to Factory default setting? <yes>/<NO>");
+  shell::read_line();
+  if (!shell::typed_text().starts_with("yes") || !copy_factory_defaults(factory_defaults)) {
+    return;
+  }
+  shell::put("System reboot ...\n");
+  shell::flush_output();
+  platform::sync_storage();
+  platform::sleep_seconds(1);
+  const char* const arguments[] = {"bbreboot", nullptr};
+  platform::run_program("/sbin/bbreboot", arguments, true);
+  shell::end_console();
+}
+
+}  // namespace
+
+void system_tools_menu() {
+  shell::put("0:Ping command\n1:Factory Default\n");
+  for (;;) {
+    shell::put(shell::menu_prompt);
+    if (shell::read_line() == 0 || shell::typed_text().starts_with('q')) {
+      return;
+    }
+    const auto item = shell::whole_number(shell::line_text());
+    if (item == 0U) {
+      ping_host();
+    } else if (item == 1U) {
+      factory_reset();
+    }
+  }
+}
+
+}  // namespace menus::tools

@@ -46,6 +46,17 @@ class Desk:
         child.expect(PROMPT)
         return child
 
+    def choose(self, child, submenu, item, *answers):
+        """A menu item, from the main menu and back to it: what was shown for it."""
+        for line in (submenu, item, *answers):
+            child.sendline(line)
+        child.expect(PROMPT)
+        child.expect(PROMPT)
+        shown = child.before
+        child.sendline("q")
+        child.expect(PROMPT)
+        return shown
+
     def run(self, *arguments, text=""):
         """./run without a terminal, to its end."""
         return subprocess.run(["./run", *arguments], input=text, env=self.environment, cwd=TREE, capture_output=True,
@@ -55,6 +66,14 @@ class Desk:
         """A program of the device, while a session keeps it up."""
         return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
                               timeout=10)
+
+    def street(self, *command):
+        """A program outside the device, at the other end of its wires."""
+        return subprocess.run(["desk/street", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
+                              timeout=20)
+
+    def owns_network(self):
+        return self.inside("/bin/test", "-e", "/var/run/own_network").returncode == 0
 
     def show(self, *names):
         """Stored settings by name."""

@@ -8,7 +8,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr unsigned packet_milliseconds = 20;
-constexpr std::uint32_t one_lost_in = 150;
+constexpr std::uint32_t one_lost_in = 100;
 
 // Reasons for the end of a call, as the console's call records name them.
 constexpr unsigned released_by_remote_end = 0x1002;

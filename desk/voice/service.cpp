@@ -8,7 +8,7 @@
 namespace desk {
 namespace {
 
-constexpr std::chrono::milliseconds registering_takes{1500};
+constexpr std::chrono::milliseconds registering_takes{2000};
 
 // Texts of the call-service menu are stored with their line feed. The system logger cuts long lines.
 std::string shown(std::string_view text) {

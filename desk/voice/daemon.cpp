@@ -56,7 +56,7 @@ void answer_query(int socket, const desk::Service& service, const desk::Calls& c
     // Whoever does not get it asks again.
     sendto(socket, reply.data(), reply.size(), 0, reinterpret_cast<const sockaddr*>(&asker), size);
     if (++sent % burst == 0) {
-      usleep(1000);  // an asker's socket holds a few hundred datagrams
+      usleep(10'000);  // an asker's socket holds a few hundred datagrams
     }
   }
 }

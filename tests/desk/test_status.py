@@ -9,13 +9,10 @@ import pytest
 from desk import PROMPT, command_line
 
 STOP, RESTART = "asked to stop", "asked to restart"
+LINK = {"0": [STOP, RESTART], "1": [RESTART]}
 ACTIONS = {  # by WAN type: the answers, and what its script is asked for them
-    0: ("", {"": []}),
-    1: ("udhcpc", {"0": [STOP], "1": [RESTART], "2": []}),
-    2: ("pppoe", {"0": [STOP, RESTART], "1": [RESTART]}),
-    3: ("pptp", {"0": [STOP, RESTART]}),
-    4: ("l2tp", {"0": [STOP, RESTART]}),
-    5: ("bigpond", {"0": [STOP, RESTART], "1": [RESTART]}),
+    0: ("", {"": []}), 1: ("udhcpc", {"0": [STOP], "1": [RESTART], "2": []}),
+    2: ("pppoe", LINK), 3: ("pptp", LINK), 4: ("l2tp", LINK), 5: ("bigpond", LINK),
 }
 
 

@@ -1,5 +1,5 @@
-# Reads the lines of show_settings into `stored` and goes through tables of rules, for one program's END to print
-# them. A rule's columns are at hand by name while it is the current one.
+# Reads the lines of show_settings into `stored` and goes through tables of rules, for a script's own program to
+# print them in its END. A rule's columns are at hand by name while it is the current one.
 {
   equals = index($0, "=")
   stored[substr($0, 1, equals - 1)] = substr($0, equals + 1)

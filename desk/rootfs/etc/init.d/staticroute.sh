@@ -4,24 +4,6 @@
 asked "${1:-nothing}" start stop restart
 in_force=/var/run/staticroute.rules
 
-# The stored target may have bits outside its netmask, which no route has.
-wanted() {
-  # shellcheck disable=SC2016
-  from_settings '
-    function network(address, netmask,    a, m) {
-      split(address, a, ".")
-      split(netmask, m, ".")
-      return and(a[1], m[1]) "." and(a[2], m[2]) "." and(a[3], m[3]) "." and(a[4], m[4])
-    }
-    END {
-      while (next_rule("static_route_table")) {
-        print column("route_type") != 0 ? "-host " column("route_target") " gw " column("route_gateway") \
-          : "-net " network(column("route_target"), column("route_netmask")) " netmask " column("route_netmask") \
-            " gw " column("route_gateway")
-      }
-    }' static_route_table
-}
-
 if [ -e /var/run/own_network ] && [ -e $in_force ]; then
   while read -r one; do
     # shellcheck disable=SC2086
@@ -30,7 +12,7 @@ if [ -e /var/run/own_network ] && [ -e $in_force ]; then
 fi
 
 if [ "$1" != stop ]; then
-  wanted
+  from_settings static_route_table
 fi | while read -r one; do
   # shellcheck disable=SC2086
   if [ ! -e /var/run/own_network ] || try route add $one; then

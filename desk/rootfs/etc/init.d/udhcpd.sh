@@ -5,30 +5,8 @@ asked "${1:-nothing}" start stop restart
 pid_file=/var/run/udhcpd.pid leases=/var/run/udhcpd.leases
 
 configuration() {
-  # shellcheck disable=SC2016
-  from_settings '
-    function place(address,    octet) {
-      split(address, octet, ".")
-      return ((octet[1] * 256 + octet[2]) * 256 + octet[3]) * 256 + octet[4]
-    }
-    END {
-      size = place(stored["dhcp_end_ip"]) - place(stored["dhcp_start_ip"]) + 1
-      if (size > 0 && size < 235) {  # of a larger pool udhcpd lends 235, and it says so when the pool is smaller
-        print "max_leases " size
-      }
-      print "interface eth1"
-      print "start " stored["dhcp_start_ip"]
-      print "end " stored["dhcp_end_ip"]
-      print "option subnet " stored["lan_netmask"]
-      print "option router " stored["lan_ip"]
-      print "option lease " stored["dhcp_lease_time"]
-      if (on("dns_proxy_enable")) {
-        print "option dns " stored["lan_ip"]
-      }
-      while (next_rule("static_dhcp_table")) {
-        print "static_lease " column("mac") " " column("ip")
-      }
-    }' lan_ip lan_netmask dns_proxy_enable dhcp_start_ip dhcp_end_ip dhcp_lease_time static_dhcp_table
+  from_settings lan_ip lan_netmask dns_proxy_enable dhcp_start_ip dhcp_end_ip dhcp_lease_time \
+    static_dhcp_table
   if [ "$(setting dns_proxy_enable)" = 0 ]; then
     sed -n 's/^nameserver /option dns /p' /etc/resolv.conf
   fi
@@ -50,19 +28,28 @@ stop() {
   done
 }
 
+# Returns once the server is on its own: until then it would end with the terminal of whoever asked for it.
 start() {
-  if [ "$(setting dhcp_server_enable)" != 1 ]; then
-    tell "the DHCP server is switched off"
-  elif ! has_interface eth1; then
-    tell "no DHCP server without a LAN port of our own"
-  else
-    configuration >/var/run/udhcpd.conf
-    : >>$leases
-    udhcpd -S -a 100 /var/run/udhcpd.conf </dev/null >/dev/null 2>&1 || tell "the DHCP server does not start"
-  fi
+  local tries=0
+  configuration >/var/run/udhcpd.conf
+  : >>$leases
+  udhcpd -S -a 100 /var/run/udhcpd.conf </dev/null >/dev/null 2>&1
+  until serves; do
+    usleep 10000
+    if [ $((tries += 1)) = 100 ]; then
+      tell "the DHCP server does not start"
+      return
+    fi
+  done
 }
 
 stop
-if [ "$1" != stop ]; then
+if [ "$1" = stop ]; then
+  exit
+elif [ "$(setting dhcp_server_enable)" != 1 ]; then
+  tell "the DHCP server is switched off"
+elif has_interface eth1; then
   start
+else
+  tell "no DHCP server without a LAN port of our own"
 fi

@@ -58,9 +58,10 @@ bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
       value.word = static_cast<std::uint32_t>(digit);
       break;
     }
-    case Kind::number: {
-      const bool leads = option.rest_ignored && leading_digit() >= 0;
-      const auto number = leads ? decimal_value(line_text()) : whole_number(line_text());
+    case Kind::number:
+    case Kind::listed: {
+      const bool as_it_begins = rule.kind == Kind::listed || (option.rest_ignored && leading_digit() >= 0);
+      const auto number = as_it_begins ? decimal_value(line_text()) : whole_number(line_text());
       if (!number) {
         return false;
       }
@@ -84,6 +85,8 @@ bool Dialogue::passes(const Rule& rule, const Value& value) {
              rule.digits.find(static_cast<char>('0' + value.word)) != std::string_view::npos;
     case Kind::number:
       return in_range(value.word, rule.range.low, rule.range.high) && value.word % rule.range.step == 0;
+    case Kind::listed:
+      return std::find(rule.values.begin(), rule.values.end(), value.word) != rule.values.end();
     case Kind::address:
       return value.word != 0;
     case Kind::netmask:
@@ -163,8 +166,12 @@ void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option)
   write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, option, adding_).mac);
 }
 
-std::uint32_t Dialogue::ask_pick(const PromptText& prompt, const Rule& rule, const Option& option) {
-  return ask(prompt, {}, {}, rule, option, true).word;
+std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
+                                 const Option& option) {
+  const Refusal wrong_choice(family_.bad_choice);
+  Option picking = option;
+  picking.refusal = option.refusal != nullptr ? option.refusal : &wrong_choice;
+  return ask(prompt, heading, {}, rule, picking, true).word;
 }
 
 void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule) {
@@ -183,12 +190,13 @@ void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const T
     }
     const std::string_view typed = typed_text();
     const bool too_long = line_length() > max;
-    const bool required = adding_ && !rule.optional;
-    bool keep = answer == Answer::empty && !required;
+    const bool empty = answer == Answer::empty;
+    bool keep = empty && (!adding_ || rule.optional);
     if (too_long && rule.too_long != TextRule::TooLong::refused) {
       show_message(Message::illegal_value);
       keep = rule.too_long == TextRule::TooLong::keeps_the_old;
-    } else if (!keep && (answer == Answer::empty || too_long || (rule.digits_only && !typed_digits()))) {
+    } else if (!keep &&
+               ((empty && !rule.may_be_empty) || too_long || (rule.digits_only && !typed_digits()))) {
       report(family_.bad_value);
       continue;
     }

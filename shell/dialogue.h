@@ -53,6 +53,7 @@ struct TextRule {
   bool digits_only = false;     // an answer must be decimal digits throughout
   bool with_line_feed = false;  // stored, shown and kept with the line feed that ended it
   bool optional = false;        // when adding: an empty line keeps what the slot holds
+  bool may_be_empty = false;    // when adding: an empty line stores an empty text
 };
 
 class Dialogue {
@@ -107,6 +108,21 @@ class Dialogue {
     return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
   }
 
+  // The same for a prompt that does not show the value.
+  template <typename Number>
+  std::uint32_t hidden_number(Prompt<Shows::nothing> prompt, Number& field, Range range) {
+    static_assert(std::is_integral_v<Number>);
+    const std::uint32_t value = ask_number(prompt, field, {Kind::number, range, {}}, {});
+    return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
+  }
+
+  // The number with which the answer begins, 0 when it begins with none: one of `values`.
+  std::uint8_t listed(Prompt<Shows::number> prompt, std::uint8_t& field,
+                      std::span<const std::uint8_t> values) {
+    const std::uint32_t value = ask_number(prompt, field, {Kind::listed, {}, {}, values}, {});
+    return write(field, static_cast<std::uint8_t>(value));
+  }
+
   // A number that is no field of its own: shown and kept like one, and only returned.
   std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
                           Option option = {}) {
@@ -129,14 +145,18 @@ class Dialogue {
     ask_text(prompt, field.bytes, rule);
   }
 
-  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero.
-  // A number of any length:
+  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero, and
+  // refused as a choice. A number of any length:
   std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, Option option = {}) {
-    return ask_pick(prompt, {Kind::number, range, {}}, option);
+    return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
+  }
+  // The same under a heading.
+  std::uint32_t pick(Prompt<Shows::text> prompt, std::string_view heading, Range range, Option option = {}) {
+    return ask_pick(prompt, heading, {Kind::number, range, {}}, option);
   }
   // Exactly one character:
   std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, std::string_view digits, Option option = {}) {
-    return ask_pick(prompt, {Kind::choice, {}, digits}, option);
+    return ask_pick(prompt, {}, {Kind::choice, {}, digits}, option);
   }
 
   // ---- Without a prompt ----
@@ -150,9 +170,9 @@ class Dialogue {
     }
     return value;
   }
-  template <typename Value>
-  void clear(Value& field) {
-    write(field, Value{});
+  template <typename... Values>
+  void clear(Values&... fields) {
+    (write(fields, Values{}), ...);
   }
 
   // Reports and ends the dialogue, unless it has ended.
@@ -165,12 +185,13 @@ class Dialogue {
   bool commit();
 
  private:
-  enum class Kind : std::uint8_t { choice, number, address, netmask, mac };
+  enum class Kind : std::uint8_t { choice, number, listed, address, netmask, mac };
 
   struct Rule {
     Kind kind;
-    Range range;              // of a number
-    std::string_view digits;  // of a choice
+    Range range;                                // of a number
+    std::string_view digits;                    // of a choice
+    std::span<const std::uint8_t> values = {};  // of a listed number
   };
 
   struct Value {
@@ -183,7 +204,8 @@ class Dialogue {
   std::uint32_t ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
                            const Option& option);
   config::Ipv4 ask_address(const PromptText& prompt, config::Ipv4 current, Kind kind, const Option& option);
-  std::uint32_t ask_pick(const PromptText& prompt, const Rule& rule, const Option& option);
+  std::uint32_t ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
+                         const Option& option);
   void ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule);
   Value ask(const PromptText& prompt, std::string_view shown, Value current, const Rule& rule,
             const Option& option, bool required);

@@ -33,8 +33,10 @@ void Refusal::show() const {
     show_message(message_);
     return;
   }
-  put(line_);
-  put("\n");
+  if (*line_ != '\0') {
+    put(line_);
+    put("\n");
+  }
 }
 
 }  // namespace shell

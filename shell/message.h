@@ -29,6 +29,8 @@ class Refusal {
     refusal.line_ = text;
     return refusal;
   }
+  // Without a word.
+  static constexpr Refusal silent() { return line(""); }
   void show() const;
 
  private:

@@ -14,10 +14,6 @@ using shell::Dialogue;
 constexpr shell::Range yes_or_no{0, 1};
 constexpr shell::Range indices{0, rule_count - 1};
 
-// Picks are numbers, so that 01 counts as 1, but are refused as choices.
-constexpr shell::Refusal wrong_choice = shell::Message::wrong_choice;
-constexpr shell::Option as_choice{.refusal = &wrong_choice};
-
 bool is_free(const RuleTable& table, std::size_t index) {
   return table.enable(index) == config::free_slot;
 }
@@ -34,9 +30,9 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
   ask.about(rule_count - 1);
-  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", indices, as_choice);
+  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", indices);
   if (is_free(table, index)) {
-    ask.refuse(wrong_choice);
+    ask.refuse(shell::Message::wrong_choice);
   }
   if (!ask.ended()) {
     show_rules(table, static_cast<int>(index));
@@ -72,11 +68,10 @@ void configure_rules(const RuleTable& table) {
 
   Dialogue choose(Dialogue::refuse_by_kind);
   const bool switched = table.master.field != nullptr;
-  const std::uint32_t master = switched ? choose.pick(table.master.prompt, yes_or_no, as_choice) : 0;
-  const bool modify =
-      choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", yes_or_no, as_choice) == 1;
+  const std::uint32_t master = switched ? choose.pick(table.master.prompt, yes_or_no) : 0;
+  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", yes_or_no) == 1;
   const std::size_t index = modify ? pick_rule(choose, table) : find_free_slot(choose, table);
-  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", yes_or_no, as_choice) == 0;
+  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", yes_or_no) == 0;
   if (choose.ended()) {
     return;
   }

@@ -19,8 +19,6 @@ using config::StaticDhcpClient;
 using shell::Dialogue;
 using shell::Message;
 
-constexpr shell::Refusal wrong_choice = Message::wrong_choice;
-
 void apply_dhcp() {
   shell::save_settings();
   shell::run_command(shell::segment().dhcp.dhcp_server_enable == 1
@@ -172,18 +170,16 @@ void add_client() {
 void modify_client() {
   auto& table = shell::segment().dhcp.static_dhcp_table;
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::size_t index =
-      ask.pick("What item do you want to configure? (0-31):", {0, 31}, {.refusal = &wrong_choice});
+  const std::size_t index = ask.pick("What item do you want to configure? (0-31):", {0, 31});
   StaticDhcpClient& client = table[index];
   if (client.enable == config::free_slot) {
-    ask.refuse(wrong_choice);
+    ask.refuse(Message::wrong_choice);
   }
   if (ask.ended()) {
     return;
   }
   show_static_dhcp(index);
-  const std::uint32_t edit =
-      ask.pick("Del or Edit ? (0:Delete, 1:Edit):", {0, 1}, {.refusal = &wrong_choice, .rest_ignored = true});
+  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", {0, 1}, {.rest_ignored = true});
   if (ask.ended()) {
     return;
   }
@@ -199,8 +195,7 @@ void modify_client() {
 void static_client_setting() {
   show_static_dhcp();
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t modify =
-      ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", {0, 1}, {.refusal = &wrong_choice});
+  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", {0, 1});
   if (ask.ended()) {
     return;
   }

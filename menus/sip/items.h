@@ -4,5 +4,7 @@
 namespace menus::sip {
 
 void basic_setting();
+void account_setting();
+void nat_traversal();
 
 }  // namespace menus::sip

@@ -8,8 +8,8 @@ const shell::Submenu submenu = {
     "SIP setting",
     {{
         {"Basic Setting", basic_setting},
-        {"Account Setting"},
-        {"NAT Traversal"},
+        {"Account Setting", account_setting},
+        {"NAT Traversal", nat_traversal},
     }},
 };
 

@@ -1,14 +1,16 @@
 #include "menus/status/submenu.h"
 
+#include "menus/status/items.h"
+
 namespace menus::status {
 
 const shell::Submenu submenu = {
     "Status",
     {{
-        {"Device Infomation"},
-        {"Log"},
-        {"Line State"},
-        {"Call Detailed Record"},
+        {"Device Infomation", device_information},
+        {"Log", log_viewer},
+        {"Line State", line_state},
+        {"Call Detailed Record", call_detail_records},
     }},
 };
 

@@ -1,19 +1,21 @@
 #include "menus/voip/submenu.h"
 
+#include "menus/voip/items.h"
+
 namespace menus::voip {
 
 const shell::Submenu submenu = {
     "VoIP Setting",
     {{
         {"Voice Setting"},
-        {"Call Service"},
-        {"Phone Setting"},
-        {"E.164 Setting"},
-        {"FAX Setting"},
+        {"Call Service", call_service},
+        {"Phone Setting", phone_setting},
+        {"E.164 Setting", e164_setting},
+        {"FAX Setting", fax_setting},
         {"General Dialing Setting"},
-        {"QOS/TOS Setting"},
-        {"Phone Book Setting"},
-        {"Call Screen"},
+        {"QOS/TOS Setting", qos_tos_setting},
+        {"Phone Book Setting", phone_book},
+        {"Call Screen", call_screen},
     }},
 };
 

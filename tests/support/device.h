@@ -42,8 +42,11 @@ struct Device {
   std::function<void(const std::string& command)> on_command;
   std::map<std::string, int> program_status;  // by path; 0 when it is not here
   std::map<std::string, std::string> files;
-  // What the voice daemon answers to each datagram.
+  // What was sent to the voice daemon, and what it answers to each datagram.
+  std::vector<std::string> requests;
   std::function<std::vector<std::string>(const std::string& request)> on_datagram;
+  // How many receive calls fail, a second each, before datagrams come through.
+  int refused_receives = 0;
 
   // The settings as they were when they were last saved.
   std::optional<config::ConfigurationSegment> saved;

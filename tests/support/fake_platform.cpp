@@ -266,6 +266,7 @@ std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
   if (tests::fails("udp send")) {
     return -ECONNREFUSED;
   }
+  current->requests.emplace_back(bytes);
   if (current->on_datagram) {
     for (std::string& answer : current->on_datagram(std::string(bytes))) {
       tests::datagrams.push_back(std::move(answer));
@@ -275,7 +276,9 @@ std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
 }
 
 std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
-  if (tests::fails("udp receive") || tests::datagrams.empty()) {
+  const bool refused = current->refused_receives > 0;
+  current->refused_receives -= refused ? 1 : 0;
+  if (tests::fails("udp receive") || refused || tests::datagrams.empty()) {
     ++current->clock;  // a refused datagram comes back at once, yet the deadline has to come closer
     return -ECONNREFUSED;
   }
@@ -288,7 +291,7 @@ int wait_readable(int /*socket*/, unsigned seconds) {
   if (tests::fails("udp wait")) {
     return -EBADF;
   }
-  if (tests::datagrams.empty() && !tests::fails("udp receive")) {
+  if (tests::datagrams.empty() && !tests::fails("udp receive") && current->refused_receives == 0) {
     note("silence " + std::to_string(seconds));
     current->clock += seconds;
     return 0;

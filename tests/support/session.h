@@ -31,6 +31,13 @@ struct Visit {
   int status;
 };
 
+// What messages 0 and 2 look like, and how every voice and SIP dialogue ends.
+inline const std::string keep_with_enter =
+    "Please answer the question and use [enter] to keep original setting value\n\n";
+inline const std::string illegal_value = "Your input value is illegal!!\n\n";
+inline const std::string saved_and_signalled =
+    "{/opt/httpd/sbin/web_server dumpshare}Setting Save!!\n\n{attach 1357}{voice change 1}";
+
 // Enter, that many times.
 inline std::string enters(int times) {
   return std::string(static_cast<std::size_t>(times), '\n');

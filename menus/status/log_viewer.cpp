@@ -1,0 +1,117 @@
+// The system log, newest entry first, from a snapshot that is made once.
+#include <array>
+#include <string_view>
+
+#include "menus/status/items.h"
+#include "platform/line_reader.h"
+#include "platform/platform.h"
+#include "shell/apply.h"
+#include "shell/line.h"
+#include "shell/output.h"
+
+namespace menus::status {
+namespace {
+
+constexpr std::size_t page_length = 20;
+constexpr std::string_view rule = "-----------------------------------------------------------------\n";
+
+constexpr const char* system_log = "/var/tmp/messages";
+constexpr const char* snapshot_command =
+    "cat /var/tmp/messages | awk {'print $1,$2,$3,$5,$7,$8,$9,$10,$11,$12,$13,$14'} > /tmp/messages.tmp";
+// /var/tmp and /tmp are the same folder on most devices, but not on all.
+constexpr const char* snapshot_names[] = {"/var/tmp/messages.tmp", "/tmp/messages.tmp"};
+
+// A longer line counts as several.
+using LineBuffer = std::array<char, 510>;
+
+int open_existing_snapshot() {
+  int file = -1;
+  for (const char* const name : snapshot_names) {
+    file = platform::open_for_reading(name);
+    if (file >= 0) {
+      break;
+    }
+  }
+  return file;
+}
+
+// The snapshot, made if need be; negative when there is neither a snapshot nor a log to make it from.
+int open_snapshot() {
+  const int snapshot = open_existing_snapshot();
+  if (snapshot >= 0) {
+    return snapshot;
+  }
+  // The command would leave an empty snapshot behind, and that would be the log from then on.
+  const int log = platform::open_for_reading(system_log);
+  if (log < 0) {
+    return log;
+  }
+  platform::close_file(log);
+  shell::run_command(snapshot_command);
+  return open_existing_snapshot();
+}
+
+// The next line that is no debug entry; empty at the end of the file.
+std::string_view next_entry(platform::LineReader& lines, LineBuffer& buffer) {
+  std::string_view line;
+  do {
+    line = lines.next(buffer);
+  } while (line.find("debug") != std::string_view::npos);
+  return line;
+}
+
+std::size_t count_entries(int snapshot) {
+  platform::LineReader lines(snapshot);
+  LineBuffer buffer;
+  std::size_t count = 0;
+  while (!next_entry(lines, buffer).empty()) {
+    ++count;
+  }
+  return count;
+}
+
+// Reads from the start up to the entry: the device has no memory to spare for a copy or an index.
+void show_entry(int snapshot, std::size_t number) {
+  platform::rewind_file(snapshot);
+  platform::LineReader lines(snapshot);
+  LineBuffer buffer;
+  std::string_view entry;
+  do {
+    entry = next_entry(lines, buffer);
+  } while (!entry.empty() && --number > 0);
+  shell::put(entry);
+}
+
+// False when the rest is not wanted.
+bool next_page_wanted() {
+  shell::put(rule);
+  shell::put("q:Exit , other:Continue:");
+  shell::read_line();
+  shell::put(rule);
+  return !shell::line_is_q();
+}
+
+}  // namespace
+
+void log_viewer() {
+  const int snapshot = open_snapshot();
+  if (snapshot < 0) {
+    shell::put("can't read log file\n");
+    return;
+  }
+  const std::size_t entries = count_entries(snapshot);
+  shell::put(rule);
+  for (std::size_t shown = 0; shown < entries; ++shown) {
+    if (shown > 0 && shown % page_length == 0 && !next_page_wanted()) {
+      platform::close_file(snapshot);
+      shell::put("q:Exit\n");
+      return;
+    }
+    show_entry(snapshot, entries - shown);
+  }
+  shell::put(rule);
+  platform::close_file(snapshot);
+  shell::put("haven't other log message\n\n\n");
+}
+
+}  // namespace menus::status

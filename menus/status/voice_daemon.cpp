@@ -1,0 +1,123 @@
+#include "menus/status/voice_daemon.h"
+
+#include <arpa/inet.h>
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace menus::status {
+namespace {
+
+constexpr std::uint32_t patience_seconds = 5;
+
+// Of the one-shot query: the reply overwrites its request.
+std::array<char, voice_daemon_buffer_size> exchange_buffer;
+
+int exchange(int daemon, std::span<const char* const> commands) {
+  std::size_t needed = 2;
+  for (const std::string_view command : commands) {
+    needed += command.size() + 1;
+  }
+  if (needed > exchange_buffer.size()) {
+    return -2;
+  }
+  char* end = exchange_buffer.data();
+  for (const std::string_view command : commands) {
+    end = std::copy(command.begin(), command.end(), end);
+    *end++ = '\n';
+  }
+  *end++ = '\n';
+  if (voice_daemon_send(daemon, {exchange_buffer.data(), end}) < 0) {
+    return -3;
+  }
+  return voice_daemon_receive(daemon, exchange_buffer) < 0 ? -4 : 0;
+}
+
+}  // namespace
+
+int voice_daemon_open(const char* address, std::uint16_t port) {
+  std::uint32_t word = 0;
+  if (inet_pton(AF_INET, address, &word) != 1) {
+    return -1;
+  }
+  const int descriptor = platform::open_udp_socket();
+  if (descriptor < 0) {
+    return -2;
+  }
+  if (platform::bind_udp_to_any(descriptor) < 0) {
+    platform::close_socket(descriptor);
+    return -3;
+  }
+  if (platform::connect_udp(descriptor, word, port) < 0) {
+    platform::close_socket(descriptor);
+    return -4;
+  }
+  return descriptor;
+}
+
+int voice_daemon_send(int descriptor, std::string_view text) {
+  if (descriptor < 0) {
+    return -1;
+  }
+  const auto length = static_cast<std::ptrdiff_t>(text.size());
+  return platform::send_datagram(descriptor, text) == length ? static_cast<int>(length) : -2;
+}
+
+int voice_daemon_receive(int descriptor, std::span<char> buffer) {
+  const std::uint32_t start = platform::wall_clock_seconds();
+  // A clock that is set back meanwhile counts as out of time as well: the unsigned difference is huge then.
+  for (std::uint32_t waited = 0; waited < patience_seconds; waited = platform::wall_clock_seconds() - start) {
+    const int ready = platform::wait_readable(descriptor, patience_seconds - waited);
+    if (ready < 0) {
+      return -3;
+    }
+    if (ready == 0) {
+      return -4;
+    }
+    const std::ptrdiff_t got = platform::receive_datagram(descriptor, buffer.first(buffer.size() - 1));
+    if (got >= 0) {
+      buffer[static_cast<std::size_t>(got)] = '\0';
+      return static_cast<int>(got);
+    }
+  }
+  return -1;
+}
+
+int split_fields(char* text, const char* separators, std::span<const char*> fields) {
+  char* rest = nullptr;
+  fields[0] = strtok_r(text, separators, &rest);
+  std::size_t count = 1;
+  while (count < fields.size()) {
+    const char* const field = strtok_r(nullptr, separators, &rest);
+    if (field == nullptr) {
+      break;
+    }
+    fields[count++] = field;
+  }
+  return static_cast<int>(count);
+}
+
+int voice_daemon_query(std::span<const char* const> commands, std::span<const char*> fields) {
+  std::fill(fields.begin(), fields.end(), nullptr);
+  const int daemon = voice_daemon_open(voice_daemon_address, voice_daemon_port);
+  if (daemon < 0) {
+    return -1;
+  }
+  const int result = exchange(daemon, commands);
+  platform::close_socket(daemon);
+  return result < 0 ? result : split_fields(exchange_buffer.data(), "\n", fields);
+}
+
+int field_number(const char* field) {
+  if (field == nullptr) {
+    return 0;
+  }
+  return static_cast<int>(std::clamp<long>(std::strtol(field, nullptr, 10), INT_MIN, INT_MAX));
+}
+
+}  // namespace menus::status

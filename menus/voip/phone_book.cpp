@@ -1,0 +1,101 @@
+// The phone book: 50 entries, each with a number, a note and perhaps a speed-dial key of its own.
+#include <algorithm>
+
+#include "menus/voip/action_menu.h"
+#include "menus/voip/items.h"
+#include "shell/apply.h"
+#include "shell/dialogue.h"
+#include "shell/output.h"
+#include "shell/session.h"
+
+namespace menus::voip {
+namespace {
+
+using config::PhoneBookEntry;
+
+bool in_use(const PhoneBookEntry& entry) {
+  return entry.phone_number.bytes[0] != '\0';
+}
+
+PhoneBookEntry& pick_entry(shell::Dialogue& ask) {
+  return shell::segment().phone_book[ask.pick("No=?(0-49):", {0, 49})];
+}
+
+// Whoever had the entry's new key loses it, in a free entry as well.
+void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key_prompt,
+                  PhoneBookEntry& entry) {
+  const auto key = ask.hidden_number(key_prompt, entry.dial_key, {0, PhoneBookEntry::no_dial_key});
+  ask.text("phone number(Max 15 character):", entry.phone_number,
+           {.max = longest_phone_number, .digits_only = true});
+  ask.text("note(Max 255 character):", entry.note, {.max = 255, .may_be_empty = true});
+  for (PhoneBookEntry& other : shell::segment().phone_book) {
+    if (&other != &entry && other.dial_key == key) {
+      ask.write(other.dial_key, PhoneBookEntry::no_dial_key);
+    }
+  }
+  if (ask.commit()) {
+    shell::save_and_signal_voice_daemon();
+  }
+}
+
+void phone_book_add() {
+  auto& book = shell::segment().phone_book;
+  const auto free_entry = std::find_if_not(book.begin(), book.end(), in_use);
+  if (free_entry == book.end()) {
+    shell::put("Phone book is full\n");
+    return;
+  }
+  shell::Dialogue ask(shell::Dialogue::ask_again, shell::Dialogue::Record::added);
+  ask_and_save(ask, "Phone Book SpeedDial Digit?(0-9,10 = none):", *free_entry);
+}
+
+void phone_book_delete() {
+  shell::Dialogue ask(shell::Dialogue::ask_again);
+  PhoneBookEntry& entry = pick_entry(ask);
+  ask.clear(entry.phone_number.bytes[0], entry.note.bytes[0]);
+  if (ask.commit()) {
+    shell::save_and_signal_voice_daemon();
+  }
+}
+
+void phone_book_modify() {
+  shell::Dialogue ask(shell::Dialogue::ask_again);
+  PhoneBookEntry& entry = pick_entry(ask);
+  if (!in_use(entry)) {
+    ask.refuse(shell::Refusal::line("input No error"));
+  }
+  ask_and_save(ask, "DialKey=?(0-9,10 = none):", entry);
+}
+
+void phone_book_list() {
+  constexpr std::string_view rule = "---------------------------------------------------------\n";
+  shell::put("Phone book\n");
+  shell::put(rule);
+  int number = 0;
+  for (const PhoneBookEntry& entry : shell::segment().phone_book) {
+    if (in_use(entry)) {
+      const bool has_key = entry.dial_key != PhoneBookEntry::no_dial_key;
+      if (has_key) {
+        shell::print("No.%d | DialKey=%d | Phone number=", number, entry.dial_key);
+      } else {
+        shell::print("No.%d | DialKey=None | Phone number=", number);
+      }
+      shell::put(entry.phone_number.view());
+      shell::put(has_key ? "\nnote:" : "\nnoto:");
+      shell::put(entry.note.view());
+      shell::put("\n");
+      shell::put(rule);
+    }
+    ++number;
+  }
+  shell::put(rule);
+}
+
+}  // namespace
+
+void phone_book() {
+  run_action_menu("Phone Book Action?",
+                  {phone_book_add, phone_book_delete, phone_book_modify, phone_book_list});
+}
+
+}  // namespace menus::voip

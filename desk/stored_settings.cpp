@@ -1,8 +1,5 @@
 #include "stored_settings.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -12,6 +9,8 @@
 #include <string_view>
 
 #include "config/field_table.h"
+#include "flash.h"
+#include "printable.h"
 
 namespace desk {
 namespace {
@@ -44,15 +43,6 @@ const char* apply_line(std::string_view line, ConfigurationSegment& segment) {
   return nullptr;
 }
 
-// Damaged lines hold anything; what is shown of them stays short and printable.
-std::string shown(std::string_view line) {
-  std::string out(line.substr(0, 60));
-  for (char& c : out) {
-    c = c < ' ' || c > '~' ? '?' : c;
-  }
-  return out;
-}
-
 // How many lines were used. A missing file has none.
 std::size_t apply_file(const char* path, ConfigurationSegment& segment) {
   std::ifstream file(path);
@@ -67,28 +57,12 @@ std::size_t apply_file(const char* path, ConfigurationSegment& segment) {
     }
     if (const char* const complaint = apply_line(line, segment)) {
       std::fprintf(stderr, "%s, line %zu %s and is skipped: %s\n", path, number, complaint,
-                   shown(line).c_str());
+                   printable(line, 60).c_str());
     } else {
       ++used;
     }
   }
   return used;
-}
-
-bool failed(const std::string& path) {
-  std::fprintf(stderr, "%s cannot be written: %s\n", path.c_str(), std::strerror(errno));
-  return false;
-}
-
-bool write_and_flush(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-    if (written < 0) {
-      return false;
-    }
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return fsync(descriptor) == 0;
 }
 
 }  // namespace
@@ -106,35 +80,7 @@ bool store_settings(const char* partition, const ConfigurationSegment& segment) 
       text += config::field_name(field, i) + '=' + config::field_value(field, i, segment) + '\n';
     }
   }
-
-  const std::string path = partition;
-  const std::string unfinished = path + ".new";
-  const int file = open(unfinished.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (file < 0) {
-    return failed(unfinished);
-  }
-  const bool written = write_and_flush(file, text);
-  if (!written) {
-    failed(unfinished);
-  }
-  close(file);
-  if (!written) {
-    unlink(unfinished.c_str());
-    return false;
-  }
-  if (rename(unfinished.c_str(), partition) < 0) {
-    return failed(path);
-  }
-  // The new name itself reaches storage with its directory.
-  const int directory = open(path.substr(0, path.rfind('/')).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  const bool flushed = directory >= 0 && fsync(directory) == 0;
-  if (!flushed) {
-    failed(path);
-  }
-  if (directory >= 0) {
-    close(directory);
-  }
-  return flushed;
+  return replace_contents(partition, text);
 }
 
 }  // namespace desk

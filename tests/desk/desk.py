@@ -2,7 +2,10 @@
 
 import os
 import re
+import socket
 import subprocess
+import sys
+import time
 
 import pexpect
 import pytest
@@ -18,6 +21,24 @@ def command_line(process):
             return file.read()
     except OSError:
         return ""
+
+
+class Voice(socket.socket):
+    """A socket in the device's network, connected to its voice daemon."""
+
+    def ask(self, request):
+        self.send(request)
+        return self.recv(10000)
+
+    def wait_for(self, request, until, seconds=20):
+        """The first reply that is such."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            reply = self.ask(request).decode()
+            if until(reply):
+                return reply
+            time.sleep(0.02)
+        raise TimeoutError(reply)
 
 
 class Desk:
@@ -46,6 +67,17 @@ class Desk:
         child.expect(PROMPT)
         return child
 
+    def choose(self, child, submenu, item, *answers):
+        """A menu item, from the main menu and back to it: what was shown for it."""
+        for line in (submenu, item, *answers):
+            child.sendline(line)
+        child.expect(PROMPT)
+        child.expect(PROMPT)
+        shown = child.before
+        child.sendline("q")
+        child.expect(PROMPT)
+        return shown
+
     def run(self, *arguments, text=""):
         """./run without a terminal, to its end."""
         return subprocess.run(["./run", *arguments], input=text, env=self.environment, cwd=TREE, capture_output=True,
@@ -55,6 +87,29 @@ class Desk:
         """A program of the device, while a session keeps it up."""
         return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
                               timeout=10)
+
+    def street(self, *command):
+        """A program outside the device, at the other end of its wires."""
+        return subprocess.run(["desk/street", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
+                              timeout=20)
+
+    def voice(self):
+        """A network's sockets are had from within it, so a helper there makes one and hands it over."""
+        with open(os.path.join(self.state, "up"), encoding="ascii") as up:
+            device, mode, _ = up.read().split()
+        enter = {"user": [f"--user=/proc/{device}/ns/user", "--preserve-credentials"], "root": []}.get(mode)
+        enter = [] if enter is None else ["nsenter", f"--net=/proc/{device}/ns/net", *enter]
+        here, there = socket.socketpair()
+        helper = ("import socket, sys; s = socket.socket(type=socket.SOCK_DGRAM); s.connect(('127.0.0.1', 8118)); "
+                  "socket.send_fds(socket.socket(fileno=int(sys.argv[1])), [b' '], [s.fileno()])")
+        subprocess.run([*enter, sys.executable, "-c", helper, str(there.fileno())], pass_fds=[there.fileno()],
+                       check=True)
+        voice = Voice(fileno=socket.recv_fds(here, 1, 1)[1][0])
+        voice.settimeout(5)
+        return voice
+
+    def owns_network(self):
+        return self.inside("/bin/test", "-e", "/var/run/own_network").returncode == 0
 
     def show(self, *names):
         """Stored settings by name."""

@@ -1,0 +1,79 @@
+"""The advanced menus on the whole device: a rule is in force as soon as it is stored, and from boot on."""
+
+SCHEDULE = ("1", "8", "5", "17", "30", "5", "1")
+SOURCE, HOME = ("203.0.113.1", "203.0.113.9"), ("192.168.1.10", "192.168.1.20")
+# Item of the menu, whether its table has a switch, answers after "Enable this rule?", how the rule reads in force.
+TABLES = [
+    ("1", False, ("192.168.1.10", "2", "80", "8080", *SCHEDULE),
+     "virtual server {}: TCP and UDP port 8080 to 192.168.1.10 port 80, 8:05-17:30 on Sun Mon Fri Sat"),
+    ("2", False, ("6112", "1", "6113", "6119", "0", "0"),
+     "special application {}: UDP to port 6112 opens TCP ports 6113-6119, always"),
+    ("4", False, ("0", "10.9.8.7", "255.255.0.0", "192.168.1.9"), "-net 10.9.0.0 netmask 255.255.0.0 gw 192.168.1.9"),
+    ("4", False, ("1", "10.9.8.7", "203.0.113.2"), "-host 10.9.8.7 gw 203.0.113.2"),
+    ("5", True, ("02:00:5e:aa:BB:0c", *SCHEDULE), "MAC filter {}: 02:00:5e:aa:bb:0c, 8:05-17:30 on Sun Mon Fri Sat"),
+    ("6", True, (*HOME, "1", "1023", "0", "0"), "IP filter {}: 192.168.1.10-192.168.1.20 TCP ports 1-1023, always"),
+    ("7", True, (*HOME, "a=b;$(reboot) %s"), "URL filter {}: 192.168.1.10-192.168.1.20: a=b;$(reboot) %s"),
+    ("8", True, (*HOME, "ads.example.com"), "domain filter {}: 192.168.1.10-192.168.1.20: ads.example.com"),
+    ("9", True, ("1", "0", *SOURCE, "1", *HOME, "0", "80", "81", *SCHEDULE), "firewall {}: allow TCP from WAN "
+     "203.0.113.1-203.0.113.9 to LAN 192.168.1.10-192.168.1.20 ports 80-81, 8:05-17:30 on Sun Mon Fri Sat"),
+    ("9", True, ("", "2", *SOURCE, "", *HOME, "3", "0"), "firewall {}: deny ICMP from any 203.0.113.1-203.0.113.9 to "
+     "WAN 192.168.1.10-192.168.1.20, always"),
+]
+
+
+def in_force(desk):
+    files = desk.inside("/bin/sh", "-c", "cd /var/run && cat nat.rules filter.rules staticroute.rules upnpd.rules")
+    assert files.stderr == ""
+    return [line for line in files.stdout.splitlines() if not line.startswith(("pass-through", "application"))]
+
+
+def routed(desk):
+    return [line for line in desk.inside("/sbin/route", "-n").stdout.splitlines() if line.startswith("10.9")]
+
+
+def test_a_rule_of_each_table_is_in_force_from_add_to_delete(desk):
+    child = desk.log_in(desk.console())
+    for item, switched, answers, line in TABLES:
+        def add(on):
+            return ((on, "0", "1") if switched else ("0", on)) + answers
+
+        def delete(index):
+            return (*("1" if switched else ""), "1", index, "0")
+
+        # One that is off, by its table's switch or its own, then one that is on and takes the switch with it.
+        both = [line.format(0), line.format(1)] if switched else [line.format(1)]
+        for change, expected in ((add("0"), []), (add("1"), both), (delete("0"), both[-1:]), (delete("1"), [])):
+            assert "Setting Save!!" in desk.choose(child, "1", item, *change)
+            assert in_force(desk) == expected
+            assert len(routed(desk)) == (len(expected) if item == "4" and desk.owns_network() else 0)
+
+
+def test_translation_and_upnp_follow_their_switches(desk):
+    child = desk.log_in(desk.console())
+    upnp = "UPnP: programs of the LAN open ports at 192.168.1.1"
+    desk.choose(child, "1", "1", "0", "1", "192.168.1.10", "0", "80", "8080", "0")
+    server, dmz = in_force(desk), "DMZ host: 192.168.1.33"
+    for item, answers, expected in (("0", ("", "", "", "", "", "", "1", "192.168.1.33"), [dmz, *server]),
+                                    ("3", ("1",), [dmz, *server, upnp]), ("0", ("0",), [upnp]), ("3", ("1",), []),
+                                    ("0", ("1", "", "", "", "", "", "0"), server), ("3", ("",), [*server, upnp]),
+                                    ("3", ("0",), server)):
+        assert "Setting Save!!" in desk.choose(child, "1", item, *answers)
+        assert in_force(desk) == expected
+    assert "nat.sh: asked to stop" in desk.log() and "nat.sh: rules in force: 0" in desk.log()
+
+
+def test_what_is_stored_is_in_force_from_boot_on_whatever_it_is(desk):
+    route = "static_route_table[{}].{}={}\n".format
+    desk.store("upnp_enable=1\nnat_enable=1\nmac_filter_enable=200\nmac_filter_table[31].enable=1\n"
+               "mac_filter_table[31].schedule_mode=9\nmac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n"
+               "firewall_enable=1\nfirewall_rule_table[0].enable=1\nfirewall_rule_table[0].protocol=200\n"
+               "firewall_rule_table[0].action=9\nfirewall_rule_table[1].enable=200\n"
+               + route(0, "enable", 1) + route(0, "route_type", 7) + route(0, "route_target", "10.9.1.1")
+               + route(0, "route_gateway", "5.5.5.5"))
+    desk.console()
+    reachable = [] if desk.owns_network() else ["-host 10.9.1.1 gw 5.5.5.5"]
+    anywhere = "WAN 0.0.0.0-0.0.0.0"
+    assert in_force(desk) == [f"firewall 0: action 9 protocol 200 from {anywhere} to {anywhere}, always",
+                              "MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat", *reachable,
+                              "UPnP: programs of the LAN open ports at 192.168.1.1"]
+    assert reachable or "route add -host 10.9.1.1 gw 5.5.5.5: route: SIOCADDRT: Network is unreachable" in desk.log()

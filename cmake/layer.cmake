@@ -1,5 +1,7 @@
-# No heap, no exceptions, no RTTI: what every product file is compiled with.
-set(CONSOLE_PRODUCT_OPTIONS -fno-exceptions -fno-rtti -fno-threadsafe-statics)
+# No heap, no exceptions, no RTTI: what every product file is compiled with. Nothing is ever unwound, and a debugger
+# has tables of its own. Position-independent, whatever the compiler's default: connections come from the network.
+set(CONSOLE_PRODUCT_OPTIONS -fno-exceptions -fno-rtti -fno-threadsafe-statics
+  -fno-asynchronous-unwind-tables -fno-unwind-tables -fPIE)
 
 # add_layer(NAME FOLDER SOURCES... USES LAYERS...)
 #

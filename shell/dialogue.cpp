@@ -1,7 +1,6 @@
 #include "shell/dialogue.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 
@@ -22,8 +21,8 @@ using ValueText = std::array<char, 18>;
 
 // As "%d" shows it: a stored word above the signed range shows negative.
 std::string_view number_text(ValueText& text, std::uint32_t value) {
-  const auto end = std::to_chars(text.begin(), text.end(), static_cast<std::int32_t>(value)).ptr;
-  return {text.data(), static_cast<std::size_t>(end - text.begin())};
+  const int length = std::snprintf(text.data(), text.size(), "%d", static_cast<std::int32_t>(value));
+  return {text.data(), static_cast<std::size_t>(length)};
 }
 
 std::string_view address_text(ValueText& text, config::Ipv4 address) {
@@ -44,6 +43,8 @@ bool typed_digits() {
 }
 
 }  // namespace
+
+Dialogue::Dialogue(const Family& family, Record record) : family_(family), adding_(record == Record::added) {}
 
 // ---- One question ----
 
@@ -81,8 +82,7 @@ bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
 bool Dialogue::passes(const Rule& rule, const Value& value) {
   switch (rule.kind) {
     case Kind::choice:
-      return value.word <= 9 &&
-             rule.digits.find(static_cast<char>('0' + value.word)) != std::string_view::npos;
+      return value.word <= 9 && std::strchr(rule.digits, static_cast<char>('0' + value.word)) != nullptr;
     case Kind::number:
       return in_range(value.word, rule.range.low, rule.range.high) && value.word % rule.range.step == 0;
     case Kind::listed:
@@ -152,18 +152,84 @@ std::uint32_t Dialogue::ask_number(const PromptText& prompt, std::uint32_t curre
   return ask(prompt, number_text(text, shown), {shown, {}}, rule, option, adding_).word;
 }
 
-config::Ipv4 Dialogue::ask_address(const PromptText& prompt, config::Ipv4 current, Kind kind,
-                                   const Option& option) {
-  ValueText text;
-  const config::Ipv4 shown = adding_ ? config::Ipv4{} : current;
-  return config::Ipv4::from_word(
-      ask(prompt, address_text(text, shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_).word);
+std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits) {
+  return choice(prompt, field, digits, no_option);
 }
 
-void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option) {
+std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits,
+                              const Option& option) {
+  const std::uint32_t value = ask_number(prompt, field, {Kind::choice, {}, digits}, option);
+  return write(field, static_cast<std::uint8_t>(value));
+}
+
+std::uint32_t Dialogue::named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
+                                     const char* digits, const Option& option) {
+  return ask(prompt, name, {current, {}}, {Kind::choice, {}, digits}, option, adding_).word;
+}
+
+template <typename Number>
+std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, Number& field, Range range) {
+  return number(prompt, field, range, no_option);
+}
+
+template <typename Number>
+std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, Number& field, Range range,
+                               const Option& option) {
+  const std::uint32_t value = number_of(prompt, static_cast<std::uint32_t>(field), range, option);
+  return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
+}
+
+// The types of number that the segment has.
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint8_t&, Range);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint16_t&, Range);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint32_t&, Range);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::int32_t&, Range);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint8_t&, Range, const Option&);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint16_t&, Range, const Option&);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint32_t&, Range, const Option&);
+template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::int32_t&, Range, const Option&);
+
+std::uint32_t Dialogue::hidden_number(Prompt<Shows::nothing> prompt, std::uint8_t& field, Range range) {
+  const std::uint32_t value = ask_number(prompt, field, {Kind::number, range, {}}, no_option);
+  return write(field, static_cast<std::uint8_t>(value));
+}
+
+std::uint8_t Dialogue::listed(Prompt<Shows::number> prompt, std::uint8_t& field,
+                              std::span<const std::uint8_t> values) {
+  const std::uint32_t value = ask_number(prompt, field, {Kind::listed, {}, {}, values}, no_option);
+  return write(field, static_cast<std::uint8_t>(value));
+}
+
+std::uint32_t Dialogue::number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
+                                  const Option& option) {
+  return ask_number(prompt, current, {Kind::number, range, {}}, option);
+}
+
+config::Ipv4 Dialogue::ask_address(const PromptText& prompt, config::Ipv4& field, Kind kind,
+                                   const Option& option) {
+  ValueText text;
+  const config::Ipv4 shown = adding_ ? config::Ipv4{} : field;
+  const Value given =
+      ask(prompt, address_text(text, shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_);
+  return write(field, config::Ipv4::from_word(given.word));
+}
+
+config::Ipv4 Dialogue::address(Prompt<Shows::address> prompt, config::Ipv4& field) {
+  return address(prompt, field, no_option);
+}
+
+config::Ipv4 Dialogue::address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option) {
+  return ask_address(prompt, field, Kind::address, option);
+}
+
+config::Ipv4 Dialogue::netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option) {
+  return ask_address(prompt, field, Kind::netmask, option);
+}
+
+void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field) {
   ValueText text;
   const config::Mac shown = adding_ ? config::Mac{} : field;
-  write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, option, adding_).mac);
+  write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, no_option, adding_).mac);
 }
 
 std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
@@ -174,7 +240,21 @@ std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view head
   return ask(prompt, heading, {}, rule, picking, true).word;
 }
 
-void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule) {
+std::uint32_t Dialogue::pick(Prompt<Shows::nothing> prompt, Range range, const Option& option) {
+  return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
+}
+
+std::uint32_t Dialogue::pick(Prompt<Shows::text> prompt, std::string_view heading, Range range,
+                             const Option& option) {
+  return ask_pick(prompt, heading, {Kind::number, range, {}}, option);
+}
+
+std::uint32_t Dialogue::pick_digit(Prompt<Shows::nothing> prompt, const char* digits, const Option& option) {
+  return ask_pick(prompt, {}, {Kind::choice, {}, digits}, option);
+}
+
+void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, TextRule rule) {
+  const PromptText prompt = literal;
   if (ended_) {
     return;
   }
@@ -182,7 +262,7 @@ void Dialogue::ask_text(const PromptText& prompt, std::span<char> field, const T
     config::strip_newline(field);
   }
   const std::size_t fits = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
-  const std::size_t max = std::min(rule.max, fits);
+  const std::size_t max = std::min<std::size_t>(rule.max, fits);
   while (!ended_) {
     const Answer answer = read_answer(prompt, config::text_in(field));
     if (answer == Answer::left) {
@@ -228,10 +308,18 @@ std::span<char> Dialogue::note(void* field, std::size_t size) {
 }
 
 void Dialogue::note(void* field, const void* value, std::size_t size) {
-  std::memcpy(note(field, size).data(), value, size);
+  if (ended_) {
+    return;
+  }
+  const std::span<char> pending = note(field, size);
+  if (value != nullptr) {
+    std::memcpy(pending.data(), value, size);
+  } else {
+    std::memset(pending.data(), 0, size);
+  }
 }
 
-void Dialogue::refuse(const Refusal& refusal) {
+void Dialogue::refuse(Refusal refusal) {
   if (!ended_) {
     refusal.show();
     ended_ = true;

@@ -24,11 +24,16 @@
 
 namespace shell {
 
-// Numbers low to high, in steps from 0.
+// Numbers low to high, in steps from 0. Packed into one word, because it is an argument of every second
+// prompt.
 struct Range {
-  std::uint32_t low;
-  std::uint32_t high;
-  std::uint32_t step = 1;
+  constexpr Range() = default;
+  constexpr Range(std::uint16_t lowest, std::uint32_t highest, std::uint16_t steps = 1)
+      : low(lowest), step(steps), high(highest) {}
+
+  std::uint16_t low = 0;
+  std::uint16_t step = 1;
+  std::uint32_t high = 0;
 };
 
 // How one prompt departs from its dialogue.
@@ -40,6 +45,7 @@ struct Option {
   bool no_empty_line = false;       // when asking again: the dialogue prints something else behind the answer
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
+inline constexpr Option no_option;
 
 struct TextRule {
   // What becomes of an answer that is too long.
@@ -49,11 +55,11 @@ struct TextRule {
     keeps_the_old,  // message 2, the field keeps its text, the dialogue goes on
   };
   TooLong too_long = TooLong::refused;
-  std::size_t max = SIZE_MAX;   // characters; the field with its NUL is the limit in any case
-  bool digits_only = false;     // an answer must be decimal digits throughout
-  bool with_line_feed = false;  // stored, shown and kept with the line feed that ended it
-  bool optional = false;        // when adding: an empty line keeps what the slot holds
-  bool may_be_empty = false;    // when adding: an empty line stores an empty text
+  std::uint16_t max = UINT16_MAX;  // characters; the field with its NUL is the limit in any case
+  bool digits_only = false;        // an answer must be decimal digits throughout
+  bool with_line_feed = false;     // stored, shown and kept with the line feed that ended it
+  bool optional = false;           // when adding: an empty line keeps what the slot holds
+  bool may_be_empty = false;       // when adding: an empty line stores an empty text
 };
 
 class Dialogue {
@@ -73,8 +79,7 @@ class Dialogue {
   // the free slot holds, and an answer is required.
   enum class Record : std::uint8_t { stored, added };
 
-  explicit Dialogue(const Family& family, Record record = Record::stored)
-      : family_(family), adding_(record == Record::added) {}
+  explicit Dialogue(const Family& family, Record record = Record::stored);
   Dialogue(const Dialogue&) = delete;
   Dialogue& operator=(const Dialogue&) = delete;
 
@@ -86,58 +91,38 @@ class Dialogue {
   // ---- Kinds of answer; each returns the resulting value ----
 
   // Exactly one character, one of `digits`.
-  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, std::string_view digits,
-                      Option option = {}) {
-    const std::uint32_t value = ask_number(prompt, field, {Kind::choice, {}, digits}, option);
-    return write(field, static_cast<std::uint8_t>(value));
-  }
+  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits);
+  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits,
+                      const Option& option);
 
   // A choice among things with names: the prompt shows the name of the current one, whose number is
   // `current`. Returns the chosen number; the caller knows what to write.
   std::uint32_t named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
-                             std::string_view digits, Option option = {}) {
-    return ask(prompt, name, {current, {}}, {Kind::choice, {}, digits}, option, adding_).word;
-  }
+                             const char* digits, const Option& option = no_option);
 
   // Decimal digits, in range. A field narrower than the range's end keeps the number's low bits.
   template <typename Number>
-  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range, Option option = {}) {
-    static_assert(std::is_integral_v<Number>);
-    const std::uint32_t value =
-        ask_number(prompt, static_cast<std::uint32_t>(field), {Kind::number, range, {}}, option);
-    return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
-  }
+  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range);
+  template <typename Number>
+  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range, const Option& option);
 
   // The same for a prompt that does not show the value.
-  template <typename Number>
-  std::uint32_t hidden_number(Prompt<Shows::nothing> prompt, Number& field, Range range) {
-    static_assert(std::is_integral_v<Number>);
-    const std::uint32_t value = ask_number(prompt, field, {Kind::number, range, {}}, {});
-    return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
-  }
+  std::uint32_t hidden_number(Prompt<Shows::nothing> prompt, std::uint8_t& field, Range range);
 
   // The number with which the answer begins, 0 when it begins with none: one of `values`.
   std::uint8_t listed(Prompt<Shows::number> prompt, std::uint8_t& field,
-                      std::span<const std::uint8_t> values) {
-    const std::uint32_t value = ask_number(prompt, field, {Kind::listed, {}, {}, values}, {});
-    return write(field, static_cast<std::uint8_t>(value));
-  }
+                      std::span<const std::uint8_t> values);
 
   // A number that is no field of its own: shown and kept like one, and only returned.
   std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
-                          Option option = {}) {
-    return ask_number(prompt, current, {Kind::number, range, {}}, option);
-  }
+                          const Option& option = no_option);
 
   // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
-  config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
-    return write(field, ask_address(prompt, field, Kind::address, option));
-  }
-  config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, Option option = {}) {
-    return write(field, ask_address(prompt, field, Kind::netmask, option));
-  }
+  config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field);
+  config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option);
+  config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option = no_option);
 
-  void mac(Prompt<Shows::mac> prompt, config::Mac& field, Option option = {});
+  void mac(Prompt<Shows::mac> prompt, config::Mac& field);
 
   // A stored text that is about to be shown is first cut at its newline, in the segment, and stays cut.
   template <std::size_t N>
@@ -147,17 +132,13 @@ class Dialogue {
 
   // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero, and
   // refused as a choice. A number of any length:
-  std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, Option option = {}) {
-    return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
-  }
+  std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, const Option& option = no_option);
   // The same under a heading.
-  std::uint32_t pick(Prompt<Shows::text> prompt, std::string_view heading, Range range, Option option = {}) {
-    return ask_pick(prompt, heading, {Kind::number, range, {}}, option);
-  }
+  std::uint32_t pick(Prompt<Shows::text> prompt, std::string_view heading, Range range,
+                     const Option& option = no_option);
   // Exactly one character:
-  std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, std::string_view digits, Option option = {}) {
-    return ask_pick(prompt, {}, {Kind::choice, {}, digits}, option);
-  }
+  std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, const char* digits,
+                           const Option& option = no_option);
 
   // ---- Without a prompt ----
 
@@ -165,18 +146,18 @@ class Dialogue {
   template <typename Value>
   Value write(Value& field, Value value) {
     static_assert(std::is_trivially_copyable_v<Value>);
-    if (!ended_) {
-      note(&field, &value, sizeof value);
-    }
+    note(&field, &value, sizeof value);
     return value;
   }
+  // Zero bytes: the number 0, an empty text.
   template <typename... Values>
   void clear(Values&... fields) {
-    (write(fields, Values{}), ...);
+    static_assert((std::is_trivially_copyable_v<Values> && ...));
+    (note(&fields, nullptr, sizeof fields), ...);
   }
 
   // Reports and ends the dialogue, unless it has ended.
-  void refuse(const Refusal& refusal);
+  void refuse(Refusal refusal);
 
   bool ended() const { return ended_; }
 
@@ -190,7 +171,7 @@ class Dialogue {
   struct Rule {
     Kind kind;
     Range range;                                // of a number
-    std::string_view digits;                    // of a choice
+    const char* digits;                         // of a choice
     std::span<const std::uint8_t> values = {};  // of a listed number
   };
 
@@ -203,10 +184,10 @@ class Dialogue {
 
   std::uint32_t ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
                            const Option& option);
-  config::Ipv4 ask_address(const PromptText& prompt, config::Ipv4 current, Kind kind, const Option& option);
+  config::Ipv4 ask_address(const PromptText& prompt, config::Ipv4& field, Kind kind, const Option& option);
   std::uint32_t ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
                          const Option& option);
-  void ask_text(const PromptText& prompt, std::span<char> field, const TextRule& rule);
+  void ask_text(Prompt<Shows::text> prompt, std::span<char> field, TextRule rule);
   Value ask(const PromptText& prompt, std::string_view shown, Value current, const Rule& rule,
             const Option& option, bool required);
   Answer read_answer(const PromptText& prompt, std::string_view shown);
@@ -214,7 +195,7 @@ class Dialogue {
   void answered(const Option& option, bool kept);
 
   std::span<char> note(void* field, std::size_t size);
-  void note(void* field, const void* value, std::size_t size);
+  void note(void* field, const void* value, std::size_t size);  // no value: zero bytes
 
   static bool accepts(const Rule& rule, const Option& option, Value& value);
   static bool passes(const Rule& rule, const Value& value);

@@ -35,6 +35,10 @@ void put(std::string_view text) {
   }
 }
 
+void put(const char* text) {
+  put(std::string_view(text));
+}
+
 void print(const char* format, ...) {
   // Room for the longest line with a whole input line or stored text in it.
   char line[1024];

@@ -7,6 +7,7 @@
 namespace shell {
 
 void put(std::string_view text);
+void put(const char* text);
 [[gnu::format(printf, 1, 2)]] void print(const char* format, ...);
 
 void flush_output();

@@ -13,11 +13,12 @@ bool is_digit(char c) {
 }  // namespace
 
 bool is_all_digits(std::string_view text) {
-  if (text.empty()) {
-    return false;
+  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+    if (!is_digit(text[i])) {
+      return false;
+    }
   }
-  text.remove_suffix(1);
-  return std::all_of(text.begin(), text.end(), is_digit);
+  return !text.empty();
 }
 
 std::optional<std::uint32_t> decimal_value(std::string_view text) {

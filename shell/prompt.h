@@ -5,7 +5,6 @@
 // Enable?<%d>:", shows the dialogue's subject.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -20,39 +19,13 @@ enum class Shows : std::uint8_t {
   text,  // or nothing: some texts are asked for without being shown
 };
 
-class PromptText {
- public:
-  // Prints the prompt, without a newline.
-  void show(int subject, std::string_view value) const;
-
-  bool shows_value() const { return value_at_ != absent; }
-
- protected:
-  consteval PromptText(const char* literal, Shows shows);
-
- private:
-  // Small enough to travel in two registers: there are some three hundred prompts.
-  const char* text_;
-  std::uint16_t length_;
-  std::uint16_t subject_at_ = absent;
-  std::uint16_t value_at_ = absent;
-  std::uint16_t value_length_ = 0;
-
-  static constexpr std::uint16_t absent = UINT16_MAX;
+// Where in a prompt its conversions are; npos for one that it does not have.
+struct PromptParts {
+  std::size_t subject_at;
+  std::size_t value_at;
 };
 
-template <Shows shows>
-class Prompt : public PromptText {
- public:
-  consteval Prompt(const char* literal) : PromptText(literal, shows) {}  // NOLINT: a literal is a prompt
-};
-
-// ---- Only the compiler reads on ----
-
-// Not constexpr on purpose: reaching it while a prompt is taken apart stops the build.
-void prompt_does_not_show_what_its_type_says();
-
-consteval std::string_view conversion_of(Shows shows) {
+constexpr std::string_view conversion_of(Shows shows) {
   switch (shows) {
     case Shows::number:
       return "%d";
@@ -68,32 +41,64 @@ consteval std::string_view conversion_of(Shows shows) {
   return {};
 }
 
-consteval PromptText::PromptText(const char* literal, Shows shows) : text_(literal) {
-  constexpr std::string_view number = "%d";
-  const std::string_view conversion = conversion_of(shows);
-  const std::string_view text = literal;
-  length_ = static_cast<std::uint16_t>(text.size());
-  std::size_t at = text.find('%');
-  const bool value_absent = shows == Shows::text && text.find(conversion) == std::string_view::npos;
-  const bool value_is_first = shows != Shows::nothing &&
-                              text.substr(std::min(at, text.size())).starts_with(conversion) &&
-                              text.find('%', at + conversion.size()) == std::string_view::npos;
-  if (at != std::string_view::npos && !value_is_first) {
-    if (!text.substr(at).starts_with(number)) {
-      prompt_does_not_show_what_its_type_says();
-    }
-    subject_at_ = static_cast<std::uint16_t>(at);
-    at = text.find('%', at + number.size());
+// Of a prompt that fits its type.
+constexpr PromptParts take_apart(std::string_view prompt, Shows shows) {
+  constexpr auto absent = std::string_view::npos;
+  const std::size_t first = prompt.find('%');
+  const std::size_t second = first == absent ? absent : prompt.find('%', first + 1);
+  const bool leads_with_number = first != absent && prompt[first + 1] == 'd';
+  // A number alone is the subject where no number is shown.
+  if (leads_with_number && (second != absent || shows != Shows::number)) {
+    return {first, second};
   }
-  if (shows != Shows::nothing && !value_absent) {
-    if (at == std::string_view::npos || !text.substr(at).starts_with(conversion)) {
-      prompt_does_not_show_what_its_type_says();
-    }
-    value_at_ = static_cast<std::uint16_t>(at);
-    value_length_ = static_cast<std::uint16_t>(conversion.size());
-    at = text.find('%', at + conversion.size());
+  return {absent, first};
+}
+
+// A prompt that the compiler has taken apart.
+class PromptText {
+ public:
+  // Prints the prompt, without a newline.
+  void show(int subject, std::string_view value) const;
+
+  bool shows_value() const;
+
+ private:
+  template <Shows shows>
+  friend class Prompt;
+  constexpr PromptText(const char* literal, Shows shows) : literal_(literal), shows_(shows) {}
+
+  const char* literal_;
+  Shows shows_;
+};
+
+// One word: there are some two hundred prompts, and each is an argument.
+template <Shows shows>
+class Prompt {
+ public:
+  consteval Prompt(const char* literal);                               // NOLINT: a literal is a prompt
+  constexpr operator PromptText() const { return {literal_, shows}; }  // NOLINT: a prompt is a text
+
+ private:
+  const char* literal_;
+};
+
+// ---- Only the compiler reads on ----
+
+// Not constexpr on purpose: reaching it while a prompt is taken apart stops the build.
+void prompt_does_not_show_what_its_type_says();
+
+template <Shows shows>
+consteval Prompt<shows>::Prompt(const char* literal) : literal_(literal) {
+  const std::string_view prompt = literal;
+  const auto [subject_at, value_at] = take_apart(prompt, shows);
+  std::size_t end = subject_at == std::string_view::npos ? 0 : subject_at + 2;
+  bool fits = shows == Shows::nothing || shows == Shows::text;
+  if (value_at != std::string_view::npos) {
+    const std::string_view conversion = conversion_of(shows);
+    fits = shows != Shows::nothing && prompt.substr(value_at).starts_with(conversion);
+    end = value_at + conversion.size();
   }
-  if (at != std::string_view::npos) {
+  if (!fits || prompt.find('%', end) != std::string_view::npos) {
     prompt_does_not_show_what_its_type_says();
   }
 }

@@ -1,5 +1,5 @@
 // Firewall rules: what passes from where to where.
-#include <array>
+#include <iterator>
 
 #include "menus/advanced/items.h"
 #include "menus/advanced/schedule.h"
@@ -13,8 +13,8 @@ constexpr std::uint8_t last_protocol = 4;
 
 // Three characters; blanks for a number outside the table.
 const char* interface_name(std::uint8_t interface) {
-  static constexpr std::array<const char*, 3> names = {"WAN", "LAN", "*  "};
-  return interface < names.size() ? names[interface] : "   ";
+  static constexpr char names[][4] = {"WAN", "LAN", "*  "};
+  return interface < std::size(names) ? names[interface] : "   ";
 }
 
 void show(const config::FirewallRule& rule) {

@@ -1,6 +1,6 @@
 #include "menus/advanced/rule_table.h"
 
-#include <array>
+#include <iterator>
 
 #include "shell/apply.h"
 #include "shell/output.h"
@@ -102,8 +102,8 @@ void show_switch(const char* label, std::uint8_t value) {
 }
 
 const char* protocol_name(std::uint8_t protocol) {
-  static constexpr std::array<const char*, 5> names = {"TCP ", "UDP ", "BOTH", "ICMP", "ALL "};
-  return protocol < names.size() ? names[protocol] : "    ";
+  static constexpr char names[][5] = {"TCP ", "UDP ", "BOTH", "ICMP", "ALL "};
+  return protocol < std::size(names) ? names[protocol] : "    ";
 }
 
 void show_address(config::Ipv4 address) {

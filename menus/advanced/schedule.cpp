@@ -30,8 +30,8 @@ DayRun week_mask_bounds(const WeekMask& mask) {
 }
 
 const char* day_abbreviation(std::uint8_t day) {
-  static constexpr std::array<const char*, 7> days = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-  return days[day < days.size() ? day : 0];
+  static constexpr char days[days_of_week][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+  return days[day < days_of_week ? day : 0];
 }
 
 void show_schedule(const config::Schedule& schedule) {

@@ -8,7 +8,7 @@ namespace menus::sip {
 namespace {
 
 // Where a prompt announces more characters than its field holds, the field is the limit.
-constexpr shell::TextRule up_to(std::size_t characters) {
+constexpr shell::TextRule up_to(std::uint16_t characters) {
   return {.too_long = shell::TextRule::TooLong::leaves_empty, .max = characters};
 }
 

@@ -74,7 +74,7 @@ class CommandOutput {
   std::array<char, 255> line_;
 };
 
-bool contains(std::string_view text, std::string_view part) {
+bool contains(std::string_view text, const char* part) {
   return text.find(part) != std::string_view::npos;
 }
 

@@ -1,5 +1,7 @@
 // The two phones and accounts as the voice daemon sees them, and its RTP packet counters.
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "menus/status/items.h"
 #include "menus/status/voice_daemon.h"
@@ -11,7 +13,7 @@ namespace {
 // A counter is asked for by phone and channel, both from 0; first the totals, then the current counts.
 constexpr std::size_t current = 12;
 constexpr std::size_t states = 24;
-constexpr std::array<const char*, 28> queries = {
+constexpr char queries[][27] = {
     "get rtpstattotalsend 0 0",
     "get rtpstattotalrecv 0 0",
     "get rtpstattotallost 0 0",
@@ -42,7 +44,7 @@ constexpr std::array<const char*, 28> queries = {
     "get epregstate 1",
 };
 
-using Fields = std::array<const char*, 2 * queries.size()>;
+using Fields = std::array<const char*, 2 * std::size(queries)>;
 
 const char* state(const Fields& fields, std::size_t number) {
   const char* const text = fields[states + number];
@@ -62,8 +64,10 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
 
 void line_state() {
   shell::flush_output();
+  std::array<const char*, std::size(queries)> commands;
+  std::copy(std::begin(queries), std::end(queries), commands.begin());
   Fields fields;
-  if (voice_daemon_query(queries, fields) < 0) {
+  if (voice_daemon_query(commands, fields) < 0) {
     return;
   }
   shell::put(

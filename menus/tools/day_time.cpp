@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 
 #include "menus/tools/items.h"
 #include "platform/platform.h"
@@ -21,7 +22,7 @@ namespace {
 enum Mode : std::uint8_t { manual = 0, ntp = 1 };
 
 // By the zone's number, its hours from GMT + 12.
-constexpr std::array<const char*, 25> time_zones = {
+constexpr char time_zones[][37] = {
     "(GMT-12:00) Enewetak, Kwajalein",
     "(GMT-11:00) Midway Island, Samoa",
     "(GMT-10:00) Hawaii",
@@ -52,8 +53,8 @@ constexpr std::array<const char*, 25> time_zones = {
 // Anything but a number of a zone leaves the zone as it is, without a word.
 void select_time_zone() {
   std::uint8_t& zone = shell::segment().date_time.time_zone;
-  shell::print("Time Zone : %d-%s\n", zone, zone < time_zones.size() ? time_zones[zone] : "");
-  constexpr std::size_t last = time_zones.size() - 1;
+  shell::print("Time Zone : %d-%s\n", zone, zone < std::size(time_zones) ? time_zones[zone] : "");
+  constexpr std::size_t last = std::size(time_zones) - 1;
   for (std::size_t i = 0; i < last; i += 2) {
     shell::print("%1d-%-36s %2d-%-36s\n", static_cast<int>(i), time_zones[i], static_cast<int>(i + 1),
                  time_zones[i + 1]);

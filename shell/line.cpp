@@ -1,5 +1,6 @@
 #include "shell/line.h"
 
+#include <algorithm>
 #include <array>
 
 #include "config/values.h"
@@ -10,7 +11,8 @@
 namespace shell {
 namespace {
 
-// One byte more than a line can fill: as a text the line always ends inside the buffer.
+// One byte more than a line can fill: as a text the line always ends inside the buffer. Behind the line, its
+// newline included, all bytes are NUL.
 std::array<char, input_line_size + 1> line;
 std::size_t length = 0;
 
@@ -34,7 +36,7 @@ char next_character() {
 }  // namespace
 
 std::size_t read_line() {
-  line.fill('\0');
+  std::fill_n(line.begin(), length + 1, '\0');
   length = 0;
   while (length < input_line_size) {
     const char character = next_character();

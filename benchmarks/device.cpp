@@ -49,9 +49,8 @@ void fill_rule(config::ConfigurationSegment& segment, std::uint8_t i) {
   segment.static_route_table[i] = {1, 0, {}, address(i), {{255, 255, 255, 0}}, address(254)};
   segment.virtual_server_table[i] = {1, {}, port, 2, {}, address(i), port, schedule, {}};
   segment.special_application_table[i] = {1, {}, port, 0, {}, port, port, 1, schedule, {}};
-  segment.firewall_rule_table[i] = {1,  1,          0,          {},   address(1), address(i), 1,
-                                    {}, address(1), address(i), port, port,       0,          schedule,
-                                    {}};
+  segment.firewall_rule_table[i] = {1,          1,          0,    {},   address(1), address(i), 1, {},
+                                    address(1), address(i), port, port, 0,          schedule,   {}};
   segment.ip_filter_table[i] = {1, {}, address(1), address(i), port, port, 1, schedule, {}};
   segment.mac_filter_table[i] = {1, mac, schedule, {}};
   segment.url_filter_table[i] = filter;
@@ -68,9 +67,9 @@ void fill_rule(config::ConfigurationSegment& segment, std::uint8_t i) {
     sendto(socket, "100", 3, 0, peer, size);
     for (int i = 0; i < 100; ++i) {
       char record[128];
-      const int length =
-          std::snprintf(record, sizeof record, "%d|09876543%02d|20260314%02d%02d07|20260314093012|%s|%x|%d|%d",
-                        i % 2, i, i % 24, i % 60, "20260314093512", 0x1000 + i % 16, 7 * i, i % 2);
+      const int length = std::snprintf(record, sizeof record,
+                                       "%d|09876543%02d|20260314%02d%02d07|20260314093012|%s|%x|%d|%d", i % 2,
+                                       i, i % 24, i % 60, "20260314093512", 0x1000 + i % 16, 7 * i, i % 2);
       sendto(socket, record, static_cast<std::size_t>(length), 0, peer, size);
     }
   }
@@ -88,7 +87,8 @@ void set_up_segments() {
   auto& segment = create_record<config::ConfigurationSegment>();
   set_text(segment.admin.admin_user_name, "admin");
   set_text(segment.admin.admin_password, "admin");
-  for (std::uint8_t i = 0; i < segment.virtual_server_table.size(); ++i) {
+  constexpr std::uint8_t rules = 32;
+  for (std::uint8_t i = 0; i < rules; ++i) {
     fill_rule(segment, i);
   }
 }

@@ -1,11 +1,12 @@
 // Records the console's sessions, holds the other programs' output against it, and measures all of them.
 //
+//   measure names DIRECTORY      the sessions' names
 //   measure record DIRECTORY     writes each session as DIRECTORY/NAME/transcript.h, for floor.c
 //   measure check DIRECTORY      whether floor and script say what the console says
-//   measure times DIRECTORY      the table
+//   measure times DIRECTORY      the table; whether every goal is reached
 //
-// DIRECTORY has the programs: console, floor_NAME, menu.ash, menu_libcli. Each runs with a socket as its standard
-// input and output, as a telnet server gives it.
+// DIRECTORY has the programs: console, floor_NAME, menu.ash, menu_libcli, busybox and strace. Each runs with
+// a socket as its standard input and output.
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -18,7 +19,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
-#include <functional>
+#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -80,11 +81,11 @@ class Run {
     }
   }
 
-  // What is said until it has been quiet for so long.
-  std::string heard(int quiet_milliseconds) {
+  // What is said until it has been quiet for so long, `first` at the beginning.
+  std::string heard(int first, int quiet) {
     std::string text;
     pollfd one{connection_, POLLIN, 0};
-    while (poll(&one, 1, quiet_milliseconds) > 0 && drain(text)) {
+    while (poll(&one, 1, text.empty() ? first : quiet) > 0 && drain(text)) {
     }
     return text;
   }
@@ -168,14 +169,16 @@ std::string c_literal(const std::string& text) {
 }
 
 // What is said at first and then after each line, as the console says it to somebody who types slowly.
-std::vector<std::string> listen(const Command& console, const std::vector<std::string>& lines) {
-  constexpr int quiet = 30;
+std::vector<std::string> listen(const Command& console, const Workload& workload) {
+  constexpr int first = 2000;
+  constexpr int quiet = 20;
   constexpr int quiet_at_errand = 1200;
   Run run(console);
-  std::vector<std::string> said = {run.heard(quiet)};
-  for (const std::string& line : lines) {
+  std::vector<std::string> said = {run.heard(first, quiet)};
+  for (const std::string& line : workload.lines()) {
     run.type(line + "\n");
-    said.push_back(run.heard(line == "192.0.2.54" ? quiet_at_errand : quiet));
+    const bool errand = static_cast<int>(said.size()) == workload.errand_at;
+    said.push_back(run.heard(first, errand ? quiet_at_errand : quiet));
   }
   run.to_the_end(said.back());
   return said;
@@ -184,7 +187,7 @@ std::vector<std::string> listen(const Command& console, const std::vector<std::s
 void record(const Workload& workload, const Command& console, const std::string& path) {
   Workload once = workload;
   once.rounds = std::min(workload.rounds, 1);
-  const std::vector<std::string> said = listen(console, once.lines());
+  const std::vector<std::string> said = listen(console, once);
   std::map<std::string, std::size_t> number_of;
   std::string texts, turns;
   const auto turn = [&](std::size_t at) {
@@ -209,16 +212,24 @@ void record(const Workload& workload, const Command& console, const std::string&
   std::ofstream file(path);
   file << "enum { LINES = " << workload.lines().size() << ", ERRAND_AT = " << workload.errand_at << " };\n"
        << "#define ERRAND " << workload.errand << "\n"
-       << "static const char *const said[] = {\n" << texts << "};\n"
+       << "static const char *const said[] = {\n"
+       << texts << "};\n"
        << "static const unsigned char turn[] = {" << turns << "};\n";
 }
 
 // ---- The programs side by side ----
 
-struct Program {
-  const char* name;
-  Command command;
-};
+using Programs = std::vector<Command>;
+enum WhichProgram : std::size_t { console, floor_program, script, library };
+
+Programs programs_for(const Workload& workload, const std::string& directory) {
+  Programs programs = {{directory + "/console"}, {directory + "/floor_" + workload.name}};
+  if (workload.in_other_programs) {
+    programs.push_back({directory + "/busybox", "ash", directory + "/menu.ash"});
+    programs.push_back({directory + "/menu_libcli"});
+  }
+  return programs;
+}
 
 std::string typed_in(const Workload& workload) {
   std::string typed;
@@ -228,27 +239,15 @@ std::string typed_in(const Workload& workload) {
   return typed;
 }
 
-std::vector<Program> programs_for(const Workload& workload, const std::string& directory) {
-  std::vector<Program> programs = {
-      {"console", {directory + "/console"}},
-      {"floor", {directory + "/floor_" + workload.name}},
-  };
-  if (workload.name == workloads()[session].name || workload.name == workloads()[login_only].name) {
-    programs.push_back({"ash", {"/bin/busybox", "ash", directory + "/menu.ash"}});
-    programs.push_back({"libcli", {directory + "/menu_libcli"}});
-  }
-  return programs;
-}
-
+// A library has its own way of putting things: it is not held to the console's.
 bool says_the_same(const Workload& workload, const std::string& directory) {
   const std::string typed = typed_in(workload);
-  const std::vector<Program> programs = programs_for(workload, directory);
-  const std::string expected = run_session(programs[0].command, typed).said;
+  const Programs programs = programs_for(workload, directory);
+  const std::string expected = run_session(programs[console], typed).said;
   bool same = true;
-  for (const Program& program : programs) {
-    // A library has its own way of putting things.
-    if (program.name != std::string("libcli") && run_session(program.command, typed).said != expected) {
-      std::printf("%s: %s differs from the console\n", workload.name, program.name);
+  for (std::size_t at = floor_program; at < std::min<std::size_t>(programs.size(), library); ++at) {
+    if (run_session(programs[at], typed).said != expected) {
+      std::printf("%s: %s does not say what the console says\n", workload.name, programs[at][0].c_str());
       same = false;
     }
   }
@@ -260,25 +259,82 @@ double median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-void measure(const Workload& workload, const std::string& directory) {
-  const std::vector<Program> programs = programs_for(workload, directory);
+// Runs the programs side by side, so that what else the machine does meets all of them.
+std::vector<double> measure(const Workload& workload, const std::string& directory) {
+  const Programs programs = programs_for(workload, directory);
   const std::string typed = typed_in(workload);
+  const bool start_only = workload.rounds == 0 && workload.errand_at == 0;
   std::vector<std::vector<double>> times(programs.size());
   for (int i = 0; i < workload.repetitions; ++i) {
-    // Side by side, so that what else the machine does meets all of them.
     for (std::size_t at = 0; at < programs.size(); ++at) {
-      const Figures figures = run_session(programs[at].command, typed);
-      times[at].push_back(&workload == &workloads()[login_only] ? figures.start : figures.whole);
+      if (at < script || i % 8 == 0) {
+        const Figures figures = run_session(programs[at], typed);
+        times[at].push_back(start_only ? figures.start : figures.whole);
+      }
     }
   }
-  const double own = median(times[0]);
-  std::printf("%-40s %8.0f", workload.label, own);
-  for (std::size_t at = 1; at < programs.size(); ++at) {
-    const double other = median(times[at]);
-    std::printf("  %8.0f  %6.2f", other, at == 1 ? own / other : other / own);
+  std::vector<double> medians;
+  std::transform(times.begin(), times.end(), std::back_inserter(medians), median);
+  return medians;
+}
+
+// Prints the row. Returns whether its goals are reached.
+bool show_times(const Workload& workload, const std::string& directory) {
+  const std::vector<double> times = measure(workload, directory);
+  const double ratio = times[console] / times[floor_program];
+  bool reached = workload.floor_goal == 0 || ratio <= workload.floor_goal;
+  std::printf("%-39s %8.0f %9.0f %6.2f", workload.label, times[console], times[floor_program], ratio);
+  if (workload.in_other_programs) {
+    const double script_ratio = times[script] / times[console];
+    const double library_ratio = times[library] / times[console];
+    reached = reached && script_ratio >= workload.script_goal && library_ratio >= workload.library_goal;
+    std::printf(" %9.0f %6.2f %9.0f %6.2f", times[script], script_ratio, times[library], library_ratio);
   }
-  std::printf("\n");
+  std::printf("%s\n", reached ? "" : "  GOAL MISSED");
   std::fflush(stdout);
+  return reached;
+}
+
+// ---- System calls ----
+
+// Of a session in which the first `lines` menu lines are typed one by one, each when the answer to the one
+// before has been heard.
+int system_calls(Command command, const std::string& directory, int lines) {
+  const std::string trace = directory + "/trace";
+  command.insert(command.begin(), {directory + "/strace", "-qq", "-o", trace});
+  Run run(command);
+  const auto answer = [&run] { run.heard(2000, 20); };
+  answer();
+  const Workload& typed = workloads()[session];
+  for (const std::string& line : typed.opening) {
+    run.type(line + "\n");
+    answer();
+  }
+  for (int i = 0; i < lines; ++i) {
+    run.type(typed.round[static_cast<std::size_t>(i) % typed.round.size()] + "\n");
+    answer();
+  }
+  std::string rest;
+  run.to_the_end(rest);
+  std::ifstream calls(trace);
+  return static_cast<int>(std::count(std::istreambuf_iterator<char>(calls), {}, '\n'));
+}
+
+bool show_system_calls(const std::string& directory) {
+  constexpr int few = 10;
+  constexpr int many = 50;
+  constexpr double goal = 2;
+  std::vector<double> per_prompt;
+  for (const Command& program : programs_for(workloads()[session], directory)) {
+    const int calls = system_calls(program, directory, many) - system_calls(program, directory, few);
+    per_prompt.push_back(static_cast<double>(calls) / (many - few));
+  }
+  const bool reached = per_prompt[console] <= goal;
+  // The floor flushes nothing on its way, so that this is no interactive program's figure.
+  std::printf("%-39s %8.2f %9s %6s %9.2f %6s %9.2f %6s%s\n", "system calls per interactive prompt",
+              per_prompt[console], "", "", per_prompt[script], "", per_prompt[library], "",
+              reached ? "" : "  GOAL MISSED");
+  return reached;
 }
 
 int run(const std::string& what, const std::string& directory) {
@@ -292,20 +348,25 @@ int run(const std::string& what, const std::string& directory) {
   start_voice_daemon();
   // Once, so that each further run finds stored what it stores.
   run_session({directory + "/console"}, typed_in(workloads()[wan_saved]));
-  bool good = true;
   if (what == "times") {
-    std::printf("processor time in microseconds, medians of interleaved runs\n");
-    std::printf("%-40s %8s  %8s  %6s  %8s  %6s  %8s  %6s\n", "", "console", "floor", "ratio", "ash", "times",
-                "libcli", "times");
+    std::printf(
+        "Processor time in microseconds, medians of interleaved runs; programs it starts are not counted.\n"
+        "ratio: console to floor. ahead: how many times the console is faster.\n\n"
+        "%-39s %8s %9s %6s %9s %6s %9s %6s\n",
+        "", "console", "floor", "ratio", "ash", "ahead", "libcli", "ahead");
   }
+  bool good = true;
   for (const Workload& workload : workloads()) {
     if (what == "record") {
       record(workload, {directory + "/console"}, directory + "/" + workload.name + "/transcript.h");
     } else if (what == "check") {
       good = says_the_same(workload, directory) && good;
     } else {
-      measure(workload, directory);
+      good = show_times(workload, directory) && good;
     }
+  }
+  if (what == "times") {
+    good = show_system_calls(directory) && good;
   }
   return good ? 0 : 1;
 }
@@ -315,7 +376,7 @@ int run(const std::string& what, const std::string& directory) {
 
 int main(int count, char* arguments[]) {
   if (count != 3) {
-    std::fprintf(stderr, "usage: measure record|check|times DIRECTORY\n");
+    std::fprintf(stderr, "usage: measure names|record|check|times DIRECTORY\n");
     return 2;
   }
   return benchmarks::run(arguments[1], arguments[2]);

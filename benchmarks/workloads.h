@@ -15,7 +15,12 @@ struct Workload {
   std::vector<std::string> closing;
   const char* errand = "nothing";  // the function of floor.c that does what the console does besides
   int errand_at = 0;               // after which line
-  int repetitions = 0;             // how often each program is measured
+  int repetitions = 0;             // how often console and floor are measured
+  bool in_other_programs = false;  // the script and the library program have it as well
+  // 0: none. At most so many times the floor, at least so many times ahead of the others.
+  double floor_goal = 0;
+  double script_goal = 0;
+  double library_goal = 0;
 
   std::vector<std::string> lines() const;
 };

@@ -1,6 +1,5 @@
 #include "shell/line.h"
 
-#include <algorithm>
 #include <array>
 
 #include "config/values.h"
@@ -11,8 +10,7 @@
 namespace shell {
 namespace {
 
-// One byte more than a line can fill: as a text the line always ends inside the buffer. Behind the line, its
-// newline included, all bytes are NUL.
+// One byte more than a line can fill: as a text the line always ends inside the buffer.
 std::array<char, input_line_size + 1> line;
 std::size_t length = 0;
 
@@ -36,21 +34,20 @@ char next_character() {
 }  // namespace
 
 std::size_t read_line() {
-  std::fill_n(line.begin(), length + 1, '\0');
   length = 0;
-  while (length < input_line_size) {
-    const char character = next_character();
-    if (character == '\b') {
-      line[length] = '\0';
-      length -= length > 0 ? 1 : 0;
-      continue;
+  char character = '\0';
+  while (length < input_line_size && (character = next_character()) != '\n') {
+    if (character != '\b') {
+      line[length++] = character;
+    } else if (length > 0) {
+      --length;
     }
-    line[length] = character;
-    if (character == '\n') {
-      break;
-    }
-    ++length;
   }
+  std::size_t end = length;
+  if (character == '\n') {
+    line[end++] = '\n';
+  }
+  line[end] = '\0';
   return length;
 }
 

@@ -101,13 +101,13 @@ int classify_input(std::size_t length) {
     put("\nConnection Time Out!! Please Re-Login!!\n");
     end_console();
   }
-  const std::string_view typed = typed_text();
   if (length == 0) {
     return empty_line;
   }
   if (line_is_q()) {
     return quit;
   }
+  const std::string_view typed = typed_text();
   if (length <= 2 && typed.size() == length && is_all_digits(line_text())) {
     return static_cast<int>(*decimal_value(typed));
   }

@@ -20,6 +20,7 @@ struct MenuItem {
 // What a menu shows: its numbered labels, and how to leave it.
 class Screen {
  public:
+  // Numbers are 0 to 19.
   constexpr void add_item(std::size_t number, std::string_view label) {
     if (number >= 10) {
       add("1");

@@ -30,7 +30,7 @@ void put(std::string_view text) {
       flush_output();
     }
     const std::size_t taken = std::min(text.size(), buffer.size() - filled);
-    std::memcpy(buffer.data() + filled, text.data(), taken);
+    std::copy_n(text.data(), taken, buffer.data() + filled);
     filled += taken;
     text.remove_prefix(taken);
   }

@@ -17,8 +17,8 @@ static_assert(std::endian::native == std::endian::little, "the segment is little
 struct Ipv4 {
   std::array<std::uint8_t, 4> octet;
 
-  constexpr bool operator==(const Ipv4&) const = default;
-  constexpr bool is_zero() const { return *this == Ipv4{}; }
+  constexpr bool operator==(const Ipv4& other) const { return word() == other.word(); }
+  constexpr bool is_zero() const { return word() == 0; }
   // First octet in the lowest eight bits, as the word lies in memory.
   constexpr std::uint32_t word() const { return std::bit_cast<std::uint32_t>(octet); }
   static constexpr Ipv4 from_word(std::uint32_t word) {

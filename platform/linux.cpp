@@ -160,9 +160,7 @@ void detach_segment(void* memory) {
 }
 
 std::uint32_t wall_clock_seconds() {
-  timeval now{};
-  gettimeofday(&now, nullptr);
-  return static_cast<std::uint32_t>(now.tv_sec);
+  return static_cast<std::uint32_t>(std::time(nullptr));
 }
 
 LocalTime local_time() {

@@ -13,42 +13,30 @@ namespace {
 enum class Level : std::uint8_t { main, submenu };
 
 const MenuTree* tree;
+Screen main_screen;
 Level level;
 std::size_t current_submenu;
 
-void show_item(std::size_t number, std::string_view label) {
-  char digits[2] = {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
-  put({number < 10 ? digits + 1 : digits, number < 10 ? 1U : 2U});
-  put(":");
-  put(label);
-  put("\n");
-}
-
-void show_quit() {
-  put("------------------------------------------------------------------------------\nq:Exit\n\n");
+void draw_main_menu() {
+  main_screen = {};
+  for (std::size_t i = 0; i < tree->size(); ++i) {
+    main_screen.add_item(i, (*tree)[i]->label());
+  }
+  main_screen.add_quit();
 }
 
 void show_main_menu() {
-  for (std::size_t i = 0; i < tree->size(); ++i) {
-    show_item(i, (*tree)[i]->label);
-  }
-  show_quit();
+  put(main_screen.text());
   level = Level::main;
 }
 
 void show_submenu(std::size_t number) {
-  const Submenu& submenu = *(*tree)[number];
-  for (std::size_t slot = 0; slot < submenu.items.size(); ++slot) {
-    if (!submenu.items[slot].label.empty()) {
-      show_item(slot, submenu.items[slot].label);
-    }
-  }
-  show_quit();
+  put((*tree)[number]->screen());
   level = Level::submenu;
 }
 
 void item_dispatch(std::size_t slot, std::size_t number) {
-  const Handler handler = number < tree->size() ? (*tree)[number]->items[slot].handler : nullptr;
+  const Handler handler = number < tree->size() ? (*tree)[number]->handler(slot) : nullptr;
   if (handler != nullptr) {
     handler();
   }
@@ -95,6 +83,7 @@ void submenu_dispatch(std::size_t length) {
 
 void run_menus(const MenuTree& menus) {
   tree = &menus;
+  draw_main_menu();
   show_main_menu();
   for (;;) {
     put(menu_prompt);
@@ -112,13 +101,13 @@ int classify_input(std::size_t length) {
     put("\nConnection Time Out!! Please Re-Login!!\n");
     end_console();
   }
-  const std::string_view typed = typed_text();
   if (length == 0) {
     return empty_line;
   }
   if (line_is_q()) {
     return quit;
   }
+  const std::string_view typed = typed_text();
   if (length <= 2 && typed.size() == length && is_all_digits(line_text())) {
     return static_cast<int>(*decimal_value(typed));
   }

@@ -1,8 +1,10 @@
 // The two levels of numbered menus: what they show, and what each typed line does.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace shell {
@@ -15,9 +17,58 @@ struct MenuItem {
   Handler handler = nullptr;  // none: choosing the slot does nothing
 };
 
-struct Submenu {
-  std::string_view label;
-  std::array<MenuItem, 11> items;  // by number, 0 to 10
+// What a menu shows: its numbered labels, and how to leave it.
+class Screen {
+ public:
+  // Numbers are 0 to 19.
+  constexpr void add_item(std::size_t number, std::string_view label) {
+    if (number >= 10) {
+      add("1");
+    }
+    const char digit[] = {static_cast<char>('0' + number % 10), ':'};
+    add({digit, sizeof digit});
+    add(label);
+    add("\n");
+  }
+  constexpr void add_quit() {
+    add("------------------------------------------------------------------------------\nq:Exit\n\n");
+  }
+  constexpr std::string_view text() const { return {text_.data(), length_}; }
+
+ private:
+  constexpr void add(std::string_view text) {
+    if (text.size() > text_.size() - length_) {
+      __builtin_trap();
+    }
+    std::copy(text.begin(), text.end(), text_.begin() + length_);
+    length_ = static_cast<std::uint16_t>(length_ + text.size());
+  }
+
+  std::array<char, 320> text_{};
+  std::uint16_t length_ = 0;
+};
+
+// A table of items, by number from 0 to 10, as the shell wants it. The compiler draws the screen.
+class Submenu {
+ public:
+  consteval Submenu(std::string_view label, const std::array<MenuItem, 11>& items) : label_(label) {
+    for (std::size_t slot = 0; slot < items.size(); ++slot) {
+      handlers_[slot] = items[slot].handler;
+      if (!items[slot].label.empty()) {
+        screen_.add_item(slot, items[slot].label);
+      }
+    }
+    screen_.add_quit();
+  }
+
+  std::string_view label() const { return label_; }
+  std::string_view screen() const { return screen_.text(); }
+  Handler handler(std::size_t slot) const { return handlers_[slot]; }
+
+ private:
+  std::string_view label_;
+  std::array<Handler, 11> handlers_{};
+  Screen screen_;
 };
 
 using MenuTree = std::array<const Submenu*, 6>;

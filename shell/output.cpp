@@ -29,7 +29,8 @@ void put(std::string_view text) {
     if (filled == buffer.size()) {
       flush_output();
     }
-    const std::size_t taken = text.copy(buffer.data() + filled, buffer.size() - filled);
+    const std::size_t taken = std::min(text.size(), buffer.size() - filled);
+    std::copy_n(text.data(), taken, buffer.data() + filled);
     filled += taken;
     text.remove_prefix(taken);
   }

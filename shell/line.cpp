@@ -34,20 +34,20 @@ char next_character() {
 }  // namespace
 
 std::size_t read_line() {
+  line.fill('\0');
   length = 0;
   char character = '\0';
   while (length < input_line_size && (character = next_character()) != '\n') {
     if (character != '\b') {
       line[length++] = character;
-    } else if (length > 0) {
-      --length;
+    } else {
+      line[length] = '\0';
+      length -= length > 0 ? 1 : 0;
     }
   }
-  std::size_t end = length;
   if (character == '\n') {
-    line[end++] = '\n';
+    line[length] = '\n';
   }
-  line[end] = '\0';
   return length;
 }
 

@@ -17,7 +17,7 @@ std::size_t read_line();
 
 // The line as a text: the characters, the newline, up to the first NUL. Valid until the next read_line().
 std::string_view line_text();
-// The same bytes to work in, up to the first NUL; the last one is always NUL.
+// The same bytes to work in; the last one is always NUL.
 std::span<char> line_buffer();
 // The characters typed, without the newline and from the first NUL on.
 std::string_view typed_text();

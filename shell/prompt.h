@@ -22,13 +22,12 @@ enum class Shows : std::uint8_t {
 
 class PromptText {
  public:
+  consteval PromptText(const char* literal, Shows shows);
+
   // Prints the prompt, without a newline.
   void show(int subject, std::string_view value) const;
 
   bool shows_value() const { return value_at_ != absent; }
-
- protected:
-  consteval PromptText(const char* literal, Shows shows);
 
  private:
   // Small enough to travel in two registers: there are some three hundred prompts.
@@ -41,10 +40,15 @@ class PromptText {
   static constexpr std::uint16_t absent = UINT16_MAX;
 };
 
+// Has a PromptText and is not one: clang up to 16 crashes over consteval constructors of derived classes.
 template <Shows shows>
-class Prompt : public PromptText {
+class Prompt {
  public:
-  consteval Prompt(const char* literal) : PromptText(literal, shows) {}  // NOLINT: a literal is a prompt
+  consteval Prompt(const char* literal) : text_(literal, shows) {}  // NOLINT: a literal is a prompt
+  constexpr operator const PromptText&() const { return text_; }    // NOLINT: and is shown as such
+
+ private:
+  PromptText text_;
 };
 
 // ---- Only the compiler reads on ----

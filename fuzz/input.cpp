@@ -55,15 +55,15 @@ const Image& image(std::size_t style) {
   static const auto images = [] {
     auto all = std::vector<Image>(image_count, tests::Desk().settings);
     for (const Field& field : config::field_table()) {
-      for (std::size_t style = 0; style < image_count; ++style) {
+      for (std::size_t number = 0; number < image_count; ++number) {
         for (std::size_t i = 0; i < field.count; ++i) {
-          const auto bytes = config::field_bytes(field, i, all[style]);
+          const auto bytes = config::field_bytes(field, i, all[number]);
           if (field.kind == Field::Kind::reserved) {
             std::fill(bytes.begin(), bytes.end(), unused);
-          } else if (style == 1 && !field.name.starts_with("admin")) {
-            config::set_field_value(field, i, plain_value(field), all[style]);
-          } else if (style > 1 && !field.name.starts_with("admin")) {
-            fill(all[style], field, i, style);
+          } else if (number == 1 && !field.name.starts_with("admin")) {
+            config::set_field_value(field, i, plain_value(field), all[number]);
+          } else if (number > 1 && !field.name.starts_with("admin")) {
+            fill(all[number], field, i, number);
           }
         }
       }
@@ -191,7 +191,7 @@ void connect(tests::Device& device, Script script) {
   device.on_datagram = [datagrams = std::move(script.datagrams)](const std::string&) { return datagrams; };
   device.on_wait = [&device, patches = std::move(script.patches),
                     steps = std::move(script.clock_steps)](std::size_t wait) {
-    device.clock += wait < steps.size() ? static_cast<std::uint8_t>(steps[wait]) : 0;
+    device.clock += wait < steps.size() ? static_cast<std::uint8_t>(steps[wait]) : 0U;
     for (const auto& [when, patch] : patches) {
       if (when == wait) {
         patch.apply(device);

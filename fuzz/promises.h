@@ -22,8 +22,8 @@ namespace fuzz {
 // Every reserved byte holds this, and nothing else does: see set_up().
 constexpr std::uint8_t unused = 0xf5;
 
-// Plays a session (input.h) on a fresh device, to its end. Returns the promises that were broken, a line each,
-// or "". A fault that is already chosen on the device takes the place of the input's.
+// Plays a session (input.h) on a fresh device, to its end. Returns the promises that were broken, a line
+// each, or "". A fault that is already chosen on the device takes the place of the input's.
 std::string play(tests::Device& device, std::string_view input);
 
 }  // namespace fuzz

@@ -42,6 +42,7 @@ std::size_t failure(const std::string& call, std::size_t ways) {
   const std::size_t before = current->chances;
   current->chances += ways;
   if (before < current->fault && current->fault <= current->chances) {
+    current->failed = call;
     return current->fault - before;
   }
   return always_fails(call) ? 1 : 0;
@@ -316,8 +317,8 @@ int wait_readable(int /*socket*/, unsigned seconds) {
   if (failure == 1) {
     return -EBADF;
   }
-  const bool something = !tests::datagrams.empty() || tests::always_fails("udp receive") ||
-                         current->refused_receives > 0;
+  const bool something =
+      !tests::datagrams.empty() || tests::always_fails("udp receive") || current->refused_receives > 0;
   if (failure == 2 || !something) {
     note("silence " + std::to_string(seconds));
     current->clock += seconds;

@@ -9,6 +9,12 @@
 #include <map>
 
 #include "input.h"
+#include "menus/advanced/submenu.h"
+#include "menus/network/submenu.h"
+#include "menus/sip/submenu.h"
+#include "menus/status/submenu.h"
+#include "menus/tools/submenu.h"
+#include "menus/voip/submenu.h"
 #include "promises.h"
 #include "support/session.h"
 
@@ -28,6 +34,23 @@ std::map<std::string, std::string> corpus() {
 bool is_single(const std::string& name) {
   return std::isdigit(name[0]) != 0 && !name.starts_with("3-7") && !name.starts_with("3-8") &&
          !name.starts_with("4-2") && !name.ends_with("-cut");
+}
+
+TEST(Corpus, HasASessionForEveryMenuItem) {
+  const shell::MenuTree menus = {
+      &menus::network::submenu, &menus::advanced::submenu, &menus::sip::submenu,
+      &menus::voip::submenu,    &menus::tools::submenu,    &menus::status::submenu,
+  };
+  const auto files = corpus();
+  for (std::size_t submenu = 0; submenu < menus.size(); ++submenu) {
+    for (std::size_t item = 0; item < menus[submenu]->items.size(); ++item) {
+      const std::string prefix = std::to_string(submenu) + "-" + std::to_string(item) + "-";
+      const auto found = files.lower_bound(prefix);
+      EXPECT_TRUE(menus[submenu]->items[item].handler == nullptr ||
+                  (found != files.end() && found->first.starts_with(prefix)))
+          << prefix;
+    }
+  }
 }
 
 TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {

@@ -54,6 +54,12 @@ struct Device {
   // Calls that fail: "attach 1234", "open PATH", "write PATH", "udp socket", "start PATH", "output", ...
   std::set<std::string> failing;
 
+  // Every way in which a call can fail is a chance, and the chances of a session are counted. The call whose
+  // chance has the number `fault`, from 1, fails in that way; 0 for none. `failed` is which call that was.
+  std::size_t chances = 0;
+  std::size_t fault = 0;
+  std::string failed;
+
   int open_descriptors = 0;
   int attached_segments = 0;
 };

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csetjmp>
 #include <cstring>
+#include <iterator>
 
 #include "config/voice_change.h"
 #include "platform/platform.h"
@@ -32,8 +33,23 @@ void note(const std::string& event) {
   current->transcript += "{" + event + "}";
 }
 
-bool fails(const std::string& call) {
+bool always_fails(const std::string& call) {
   return current->failing.count(call) > 0;
+}
+
+// In which of its ways this call fails, from 1; 0 when it does not.
+std::size_t failure(const std::string& call, std::size_t ways) {
+  const std::size_t before = current->chances;
+  current->chances += ways;
+  if (before < current->fault && current->fault <= current->chances) {
+    current->failed = call;
+    return current->fault - before;
+  }
+  return always_fails(call) ? 1 : 0;
+}
+
+bool fails(const std::string& call) {
+  return failure(call, 1) != 0;
 }
 
 int open_file(OpenFile file) {
@@ -82,7 +98,7 @@ std::size_t read_input(std::span<char> into) {
   if (device.on_wait) {
     device.on_wait(device.waits.size() - 1);
   }
-  if (device.input.empty()) {
+  if (tests::fails("input") || device.input.empty()) {
     return 0;
   }
   std::string& piece = device.input.front();
@@ -112,10 +128,11 @@ void exit_process(int status) {
 
 Attachment attach_segment(std::int32_t key, std::size_t size) {
   const std::string name = "attach " + std::to_string(key);
-  if (tests::fails(name)) {
+  const std::size_t failure = tests::failure(name, 2);
+  if (failure == 1) {
     return {Attachment::Outcome::not_opened, EACCES, nullptr};
   }
-  if (tests::fails(name + " memory")) {
+  if (failure == 2 || tests::always_fails(name + " memory")) {
     return {Attachment::Outcome::not_attached, EINVAL, nullptr};
   }
   tests::Device& device = *current;
@@ -181,6 +198,10 @@ int run_program(const char* path, const char* const arguments[], bool new_sessio
     line += std::string(" [") + *arguments + "]";
   }
   note(line);
+  constexpr int ends[] = {1, 255, 128 + 9};
+  if (const std::size_t failure = tests::failure(std::string("run ") + path, std::size(ends)); failure > 0) {
+    return ends[failure - 1];
+  }
   const auto status = current->program_status.find(path);
   return status == current->program_status.end() ? 0 : status->second;
 }
@@ -225,7 +246,11 @@ int write_all(int descriptor, std::string_view bytes) {
 }
 
 int rewind_file(int descriptor) {
-  tests::open_files.at(descriptor).position = 0;
+  tests::OpenFile& file = tests::open_files.at(descriptor);
+  if (tests::fails("rewind " + file.path)) {
+    return -EIO;
+  }
+  file.position = 0;
   return 0;
 }
 
@@ -263,8 +288,8 @@ int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
 }
 
 std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
-  if (tests::fails("udp send")) {
-    return -ECONNREFUSED;
+  if (const std::size_t failure = tests::failure("udp send", 2); failure > 0) {
+    return failure == 1 ? -ECONNREFUSED : static_cast<std::ptrdiff_t>(bytes.size() - 1);
   }
   current->requests.emplace_back(bytes);
   if (current->on_datagram) {
@@ -288,10 +313,13 @@ std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
 }
 
 int wait_readable(int /*socket*/, unsigned seconds) {
-  if (tests::fails("udp wait")) {
+  const std::size_t failure = tests::failure("udp wait", 2);
+  if (failure == 1) {
     return -EBADF;
   }
-  if (tests::datagrams.empty() && !tests::fails("udp receive") && current->refused_receives == 0) {
+  const bool something =
+      !tests::datagrams.empty() || tests::always_fails("udp receive") || current->refused_receives > 0;
+  if (failure == 2 || !something) {
     note("silence " + std::to_string(seconds));
     current->clock += seconds;
     return 0;

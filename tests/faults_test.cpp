@@ -1,0 +1,86 @@
+// The sessions of the fuzzing corpus, undisturbed, and with every call to the operating system failing in
+// turn in each of its ways.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "input.h"
+#include "menus/advanced/submenu.h"
+#include "menus/network/submenu.h"
+#include "menus/sip/submenu.h"
+#include "menus/status/submenu.h"
+#include "menus/tools/submenu.h"
+#include "menus/voip/submenu.h"
+#include "promises.h"
+#include "support/session.h"
+
+namespace tests {
+namespace {
+
+std::map<std::string, std::string> corpus() {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::directory_iterator(CORPUS_FOLDER)) {
+    std::ifstream file(entry.path(), std::ios::binary);
+    files[entry.path().filename()] = {std::istreambuf_iterator<char>(file), {}};
+  }
+  return files;
+}
+
+// One dialogue, named by submenu and item, that writes all of its settings at once.
+bool is_single(const std::string& name) {
+  return std::isdigit(name[0]) != 0 && !name.starts_with("3-7") && !name.starts_with("3-8") &&
+         !name.starts_with("4-2") && !name.ends_with("-cut");
+}
+
+TEST(Corpus, HasASessionForEveryMenuItem) {
+  const shell::MenuTree menus = {
+      &menus::network::submenu, &menus::advanced::submenu, &menus::sip::submenu,
+      &menus::voip::submenu,    &menus::tools::submenu,    &menus::status::submenu,
+  };
+  const auto files = corpus();
+  for (std::size_t submenu = 0; submenu < menus.size(); ++submenu) {
+    for (std::size_t item = 0; item < menus[submenu]->items.size(); ++item) {
+      const std::string prefix = std::to_string(submenu) + "-" + std::to_string(item) + "-";
+      const auto found = files.lower_bound(prefix);
+      EXPECT_TRUE(menus[submenu]->items[item].handler == nullptr ||
+                  (found != files.end() && found->first.starts_with(prefix)))
+          << prefix;
+    }
+  }
+}
+
+TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
+  for (const auto& [name, input] : corpus()) {
+    Device clean;
+    EXPECT_EQ(fuzz::play(clean, input), "") << name;
+    if (clean.failing.empty() && std::isdigit(name[0]) != 0) {
+      EXPECT_TRUE(clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n"))
+          << name << clean.transcript;
+    }
+    Device untouched;
+    fuzz::set_up(untouched, input);
+    for (std::size_t fault = 1; fault <= clean.chances; ++fault) {
+      Device device;
+      device.fault = fault;
+      EXPECT_EQ(fuzz::play(device, input), "") << name << " " << device.failed;
+      EXPECT_FALSE(device.failed.empty());
+      if (is_single(name) && differences(untouched.settings, device.settings) != "") {
+        EXPECT_EQ(differences(clean.settings, device.settings), "") << name << " " << device.failed;
+      }
+      const bool connection = device.failed == "input" || device.failed == "output";
+      const bool start = device.failed == "attach 1234" || device.failed == "attach 5678";
+      // Nothing but its connection and its records can end a session: it goes on to what was typed last.
+      EXPECT_TRUE(!start || device.waits.empty()) << name << " " << device.failed;
+      EXPECT_TRUE(connection || start || device.transcript.ends_with("Bye Bye!!\n"))
+          << name << " " << device.failed << "\n"
+          << device.transcript;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tests

@@ -5,6 +5,7 @@
 
 #include "promises.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): libFuzzer's name
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tests::Device device;
   const std::string broken = fuzz::play(device, {reinterpret_cast<const char*>(data), size});

@@ -64,7 +64,7 @@ config::FieldElement element_at(std::size_t offset) {
 class Watch {
  public:
   explicit Watch(tests::Device& device)
-      : device_(device), others_(device.on_wait), tools_(device.on_command) {
+      : device_(device), others_(device.on_wait), tools_(device.on_command), settings_(device.settings) {
     device.on_wait = [this](std::size_t wait) {
       step_ends();
       check(device_.attached_segments == 2, "segments attached in a wait");
@@ -89,6 +89,8 @@ class Watch {
     const bool output_is_lost = !device_.transcript.ends_with("Bye Bye!!\n");
     check(device_.open_descriptors == 0 || is_paging("Bye Bye!!\n") || output_is_lost, "a descriptor left");
     check(device_.voice_change <= 1, "the voice change flag");
+    device_.on_wait = nullptr;
+    device_.on_command = nullptr;
     return broken_;
   }
 

@@ -51,7 +51,9 @@ class Screen {
 // A table of items, by number from 0 to 10, as the shell wants it. The compiler draws the screen.
 class Submenu {
  public:
-  consteval Submenu(std::string_view label, const std::array<MenuItem, 11>& items) : label_(label) {
+  static constexpr std::size_t slots = 11;
+
+  consteval Submenu(std::string_view label, const std::array<MenuItem, slots>& items) : label_(label) {
     for (std::size_t slot = 0; slot < items.size(); ++slot) {
       handlers_[slot] = items[slot].handler;
       if (!items[slot].label.empty()) {
@@ -67,7 +69,7 @@ class Submenu {
 
  private:
   std::string_view label_;
-  std::array<Handler, 11> handlers_{};
+  std::array<Handler, slots> handlers_{};
   Screen screen_;
 };
 

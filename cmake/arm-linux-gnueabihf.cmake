@@ -1,4 +1,5 @@
-# Debian's cross compiler for 32-bit little-endian Arm (packages g++-arm-linux-gnueabihf and qemu-user).
+# Debian's cross compiler for 32-bit little-endian Arm (package g++-arm-linux-gnueabihf). What is built
+# runs here under qemu (package qemu-user).
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
 set(CMAKE_C_COMPILER arm-linux-gnueabihf-gcc)

@@ -42,9 +42,9 @@ class Voice(socket.socket):
 
 
 class Desk:
-    def __init__(self, state):
+    def __init__(self, state, **environment):
         self.state = str(state)
-        self.environment = dict(os.environ, DESK_STATE=self.state, TERM="dumb")
+        self.environment = dict(os.environ, DESK_STATE=self.state, TERM="dumb", **environment)
         self.partition = os.path.join(self.state, "root/dev/mtdblock/5")
         self.spawned = []
 

@@ -128,7 +128,7 @@ class Desk:
 
     def wait_until_down(self):
         """The supervisor holds desk.lock to its end."""
-        subprocess.run(["flock", "-w", "5", os.path.join(self.state, "desk.lock"), "true"], check=True)
+        subprocess.run(["flock", "-w", "30", os.path.join(self.state, "desk.lock"), "true"], check=True)
 
     def processes(self):
         """Every process of this desk: those that share its memory and root directory, and its supervisor."""

@@ -2,10 +2,12 @@
 // a struct of them can lie in shared memory.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 
@@ -47,15 +49,30 @@ struct Mac {
 // Another program may have left a buffer without its NUL: nothing here reads or writes outside the buffer.
 
 // The characters before the first NUL, or the whole buffer when it holds none.
-std::string_view text_in(std::span<const char> buffer);
+inline std::string_view text_in(std::span<const char> buffer) {
+  return {buffer.data(), strnlen(buffer.data(), buffer.size())};
+}
 
 // Replaces the buffer's contents by `text`, NUL-padded to the buffer's end. A text that does not fit with its
 // NUL is cut; callers refuse such a text before they come here. `text` itself ends at its first NUL.
-void put_text(std::span<char> buffer, std::string_view text);
+inline void put_text(std::span<char> buffer, std::string_view text) {
+  const std::string_view kept = text.substr(0, std::min(text.find('\0'), buffer.size() - 1));
+  // `text` may lie in the buffer itself.
+  const auto end = std::copy(kept.begin(), kept.end(), buffer.begin());
+  std::fill(end, buffer.end(), '\0');
+}
 
 // Cuts the stored text at its first newline: that newline becomes a NUL, nothing else changes. Returns the
 // length of the text that remains.
-std::size_t strip_newline(std::span<char> buffer);
+inline std::size_t strip_newline(std::span<char> buffer) {
+  const std::string_view text = text_in(buffer);
+  const std::size_t newline = text.find('\n');
+  if (newline == std::string_view::npos) {
+    return text.size();
+  }
+  buffer[newline] = '\0';
+  return newline;
+}
 
 // A text of at most N-1 characters and its NUL.
 template <std::size_t N>

@@ -61,7 +61,10 @@ bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
     }
     case Kind::number:
     case Kind::listed: {
-      const bool as_it_begins = rule.kind == Kind::listed || (option.rest_ignored && leading_digit() >= 0);
+      if (option.rest_ignored && leading_digit() < 0) {
+        return false;
+      }
+      const bool as_it_begins = rule.kind == Kind::listed || option.rest_ignored;
       const auto number = as_it_begins ? decimal_value(line_text()) : whole_number(line_text());
       if (!number) {
         return false;

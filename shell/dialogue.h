@@ -36,7 +36,7 @@ struct Range {
   std::uint32_t high = 0;
 };
 
-// How one prompt departs from its dialogue.
+// How one prompt departs from its dialogue. What it points to has to live until the prompt is answered.
 struct Option {
   const Refusal* refusal = nullptr;  // in place of the family's
   bool judge_kept = false;           // a kept value must pass the test as well
@@ -100,7 +100,8 @@ class Dialogue {
   std::uint32_t named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
                              const char* digits, const Option& option = no_option);
 
-  // Decimal digits, in range. A field narrower than the range's end keeps the number's low bits.
+  // Decimal digits, in range. A field narrower than the range's end keeps, and the call returns, the number's
+  // low bits.
   template <typename Number>
   std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range);
   template <typename Number>
@@ -120,8 +121,9 @@ class Dialogue {
   // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field);
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option);
+  // One bits, then zero bits, and at least one of the first.
   config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option = no_option);
-
+  // Any six bytes, all zero included.
   void mac(Prompt<Shows::mac> prompt, config::Mac& field);
 
   // A stored text that is about to be shown is first cut at its newline, in the segment, and stays cut.

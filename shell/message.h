@@ -24,6 +24,7 @@ void show_message(Message message);
 class Refusal {
  public:
   constexpr Refusal(Message message) : message_(message) {}  // NOLINT: a message is a refusal
+  // `text` is not copied.
   static constexpr Refusal line(const char* text) {
     Refusal refusal(Message::illegal_value);
     refusal.line_ = text;

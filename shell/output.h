@@ -6,8 +6,10 @@
 
 namespace shell {
 
+// Of any length.
 void put(std::string_view text);
 void put(const char* text);
+// A line of up to 1023 characters; what is longer is cut. Stored texts of unknown length go through put().
 [[gnu::format(printf, 1, 2)]] void print(const char* format, ...);
 
 void flush_output();

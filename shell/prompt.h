@@ -60,6 +60,7 @@ class PromptText {
   // Prints the prompt, without a newline.
   void show(int subject, std::string_view value) const;
 
+  // False for a text that is asked for without being shown.
   bool shows_value() const;
 
  private:

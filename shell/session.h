@@ -12,13 +12,15 @@ namespace shell {
 // Runs the console on standard input and output, to its end.
 [[noreturn]] void run_console(const MenuTree& menus);
 
-// Says goodbye, gives the login back, detaches both segments and ends the process with status 1.
+// With both records attached: says goodbye, gives the login back, detaches both segments and ends the process
+// with status 1.
 [[noreturn]] void end_console();
 
 // Wall-clock time in whole seconds: the one clock of the login record.
 std::uint32_t now_seconds();
 
-// The record of all settings, attached for the life of the process. Other programs write it at any time.
+// The record of all settings, attached from before the login to the end of the process. Other programs write
+// it at any time.
 config::ConfigurationSegment& segment();
 
 // For the idle time-out: true while this console still holds an unexpired login; then also starts the idle

@@ -55,7 +55,7 @@ consteval RuleTable rule_table(RuleTable parts) {
 
 constexpr int all_rules = -1;
 
-// Lists all rules, or the one with this index under the same header.
+// Lists all_rules, or the one with an index of 0 to 31 under the same header.
 void show_rules(const RuleTable& table, int index);
 
 // The dialogue in which the rules of a table are added, edited and deleted.

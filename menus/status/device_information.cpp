@@ -119,8 +119,8 @@ void show_default_gateway() {
   do {
     line = routes.next_line();
   } while (!line.empty() && (!contains(line, "UG") || contains(line, "UGH")));
-  const std::size_t flags = line.find("UG");
-  shell::put(line.substr(0, flags == std::string_view::npos || flags == 0 ? 0 : flags - 1));
+  const std::size_t flags = std::min(line.find("UG"), line.size());
+  shell::put(line.substr(0, flags == 0 ? 0 : flags - 1));
   shell::put("\n");
 }
 

@@ -1,6 +1,7 @@
 // Ping, and the reset to the factory settings.
 #include <array>
 #include <cerrno>
+#include <span>
 #include <string_view>
 
 #include "config/values.h"
@@ -43,12 +44,20 @@ bool report_failure(const char* path, int error) {
   return false;
 }
 
-// Version markers are the defaults file's own and not copied. The partition is not opened, and so not
-// emptied, before there is something to write to it.
+// The next piece to copy, empty behind the last one: version markers are the defaults file's own.
+std::string_view next_setting(platform::LineReader& reader, std::span<char> buffer) {
+  std::string_view piece;
+  do {
+    piece = reader.next(buffer);
+  } while (piece.find("#ver.") != std::string_view::npos);
+  return piece;
+}
+
+// The partition is not opened, and so not emptied, before there is something to write to it.
 bool copy_lines(int defaults, const char* path) {
   platform::LineReader reader(defaults);
   std::array<char, 510> buffer;
-  std::string_view piece = reader.next(buffer);
+  std::string_view piece = next_setting(reader, buffer);
   if (piece.empty()) {
     return report_failure(path, reader.error() != 0 ? reader.error() : -ENODATA);
   }
@@ -57,10 +66,8 @@ bool copy_lines(int defaults, const char* path) {
     return report_failure(settings_partition, partition);
   }
   int write_error = 0;
-  for (; !piece.empty() && write_error == 0; piece = reader.next(buffer)) {
-    if (piece.find("#ver.") == std::string_view::npos) {
-      write_error = platform::write_all(partition, piece);
-    }
+  for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
+    write_error = platform::write_all(partition, piece);
   }
   const int close_error = platform::close_file(partition);
   if (write_error != 0 || close_error != 0) {

@@ -21,21 +21,23 @@ PhoneBookEntry& pick_entry(shell::Dialogue& ask) {
   return shell::segment().phone_book[ask.pick("No=?(0-49):", {0, 49})];
 }
 
-// Whoever had the entry's new key loses it, in a free entry as well.
+// Whoever had the entry's new key loses it, a free entry as well, before this one has it.
 void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key_prompt,
                   PhoneBookEntry& entry) {
   const auto key = ask.hidden_number(key_prompt, entry.dial_key, {0, PhoneBookEntry::no_dial_key});
   ask.text("phone number(Max 15 character):", entry.phone_number,
            {.max = longest_phone_number, .digits_only = true});
   ask.text("note(Max 255 character):", entry.note, {.max = 255, .may_be_empty = true});
+  if (ask.ended()) {
+    return;
+  }
   for (PhoneBookEntry& other : shell::segment().phone_book) {
     if (&other != &entry && other.dial_key == key) {
-      ask.write(other.dial_key, PhoneBookEntry::no_dial_key);
+      other.dial_key = PhoneBookEntry::no_dial_key;
     }
   }
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  ask.commit();
+  shell::save_and_signal_voice_daemon();
 }
 
 void phone_book_add() {

@@ -112,6 +112,7 @@ TEST(SystemTools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
       {x + "1234#ver.\nnext\n", "", done, x + "1234#ver.\nnext\n"},
       {x + "1#ver.67\nnext\n", "", done, "67\nnext\n"},
       {"", "", defaults + ": No data available" + menu, "old"},
+      {"#ver.2\n", "", defaults + ": No data available" + menu, "old"},
       {"a\n", "open " + defaults, defaults + ": Permission denied" + menu, "old"},
       {"a\n", "read " + defaults, defaults + ": Input/output error" + menu, "old"},
       {"a\n", "open " + partition, partition + ": Permission denied" + menu, "old"},

@@ -1,0 +1,30 @@
+# cmake --install, and the Debian packages of the same files: `cpack --preset release`, or `arm`.
+include(GNUInstallDirs)
+
+install(TARGETS console RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR} COMPONENT console)
+install(FILES docs/console.8 DESTINATION ${CMAKE_INSTALL_MANDIR}/man8 COMPONENT console)
+# For the other programs of the device: -I .../include/console, #include <config/segment.h>.
+install(FILES config/segment.h config/values.h config/login_record.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/console/config COMPONENT headers)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ntx4830-console)
+set(CPACK_PACKAGE_CONTACT "NTX4830 console maintainers <maintainers@ntx4830.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Configuration console of the NTX4830 VoIP gateway")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_COMPONENTS_ALL console headers)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_CONSOLE_PACKAGE_NAME ntx4830-console)
+# By name: for another machine's program, Debian's own search for it names the cross compiler's library.
+set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "libc6 (>= 2.34)")
+set(CPACK_COMPONENT_CONSOLE_DESCRIPTION
+  "One process per administrator connection, on its standard input and output:\n a login, a tree of text menus, dialogues that change settings, status pages.")
+set(CPACK_DEBIAN_HEADERS_PACKAGE_NAME ntx4830-console-dev)
+set(CPACK_DEBIAN_HEADERS_PACKAGE_SECTION libdevel)
+set(CPACK_COMPONENT_HEADERS_DESCRIPTION "The layout of the settings in shared memory, as C++ structs.")
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL arm)
+  set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
+endif()
+include(CPack)

@@ -1,0 +1,45 @@
+#!/bin/bash
+# What a build installs and packs is complete and fit for use: tests/packages.sh BUILD_FOLDER ARCHITECTURE
+set -eu
+build=$1 architecture=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || { cat "$work/cpack.log"; exit 1; }
+for package in ntx4830-console ntx4830-console-dev; do
+  dpkg-deb -x "$work/${package}"_[0-9]*_"$architecture.deb" "$work/packed"
+done
+DESTDIR=$work/installed cmake --install "$build" --prefix /usr >/dev/null
+diff -r "$work/packed" "$work/installed"
+diff - <(cd "$work/packed" && find . -type f -printf '%m %p\n' | sort -k 2) <<'LIST'
+644 ./usr/include/console/config/login_record.h
+644 ./usr/include/console/config/segment.h
+644 ./usr/include/console/config/values.h
+755 ./usr/sbin/console
+644 ./usr/share/man/man8/console.8
+LIST
+mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8"
+
+program=$work/packed/usr/sbin/console
+file=$(readelf -h "$program" | sed -n 's/ *Machine: *//p')
+echo "$architecture: $file, $(strings "$program" | grep -E '^console [0-9]+\.[0-9]+( \(.+\))?$')"
+[ "$architecture" != armhf ] || [ "$file" = ARM ]
+promised=$(dpkg-deb -f "$work"/ntx4830-console_*.deb Depends)
+needed=$(objdump -T "$program" | grep -o 'GLIBC_[0-9.]*' | sort -Vu | tail -n 1)
+echo "needs $needed, and depends on $promised"
+[ "$(printf '%s\n' "${needed#GLIBC_}" "${promised//[^0-9.]/}" | sort -V | tail -n 1)" = "${promised//[^0-9.]/}" ]
+
+# Another program of the device needs the headers and nothing else.
+cat >"$work/neighbour.cpp" <<'SOURCE'
+#include <config/login_record.h>
+#include <config/segment.h>
+
+config::ConfigurationSegment settings;
+
+int main() {
+  settings.sip.sip_host_name.assign("a text that is longer than the field it is put in");
+  return sizeof settings == 59976 && settings.sip.sip_host_name.view().size() == 39 ? 0 : 1;
+}
+SOURCE
+g++ -std=c++20 -Wall -Wextra -Werror -I "$work/packed/usr/include/console" -o "$work/neighbour" "$work/neighbour.cpp"
+"$work/neighbour"

@@ -77,14 +77,20 @@ int main() {
   desk::Service service{};
   desk::Calls calls;
   pollfd query = {.fd = open_query_socket(), .events = POLLIN, .revents = 0};
-  for (bool due = true;; due = changed.exchange(0) != 0) {
-    // The flag is lowered before the settings are read, so a change made meanwhile raises it again.
-    if (due) {
-      service.take_over(*segment, desk::Clock::now());
-      syslog(LOG_NOTICE, "%s", service.description().c_str());
+  const auto take_over = [&] {
+    service.take_over(*segment, desk::Clock::now());
+    syslog(LOG_NOTICE, "%s", service.description().c_str());
+  };
+  take_over();
+  for (;;) {
+    const bool asked = poll(&query, 1, poll_interval_milliseconds) > 0;
+    // After the wait, so that an answer tells of what was changed before its question. The flag is lowered
+    // before the settings are read, so a change made meanwhile raises it again.
+    if (changed.exchange(0) != 0) {
+      take_over();
     }
     calls.advance(service, desk::Clock::now());
-    if (poll(&query, 1, poll_interval_milliseconds) > 0) {
+    if (asked) {
       answer_query(query.fd, service, calls);
     }
   }

@@ -1,19 +1,19 @@
-import subprocess
-import tempfile
-
 import pytest
-
-from desk import Desk, desk  # noqa: F401
+from desk import Desk
 
 
 @pytest.fixture(scope="session", autouse=True)
-def isolation():
+def isolation(tmp_path_factory):
     """Each of these tests is skipped, with the desk's own sentence, where a desk cannot be isolated."""
-    with tempfile.TemporaryDirectory() as state:
-        probe = Desk(state)
-        tried = probe.run()
-        if "Username:" not in tried.stdout:
-            if "namespaces" in tried.stderr:
-                pytest.skip(tried.stderr.strip().splitlines()[-1])
-            pytest.fail(tried.stderr)
-        probe.wait_until_down()
+    probe = Desk(tmp_path_factory.mktemp("probe"))
+    tried = probe.run()
+    probe.end()
+    if "Username:" not in tried.stdout:
+        (pytest.skip if "namespaces" in tried.stderr else pytest.fail)(tried.stderr.strip().splitlines()[-1])
+
+
+@pytest.fixture
+def desk(tmp_path):
+    one = Desk(tmp_path / "desk")
+    yield one
+    one.end()

@@ -8,7 +8,6 @@ import sys
 import time
 
 import pexpect
-import pytest
 
 TREE = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
 PROMPT = re.escape("[4830NT]#")
@@ -30,10 +29,9 @@ class Voice(socket.socket):
         self.send(request)
         return self.recv(10000)
 
-    def wait_for(self, request, until, seconds=20):
+    def wait_for(self, request, until):
         """The first reply that is such."""
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
+        for _ in range(1000):
             reply = self.ask(request).decode()
             if until(reply):
                 return reply
@@ -60,43 +58,47 @@ class Desk:
         child.expect("Username:")
         return child
 
-    def log_in(self, child):
-        child.sendline("admin")
-        child.expect("Password:")
-        child.sendline("admin")
-        child.expect(PROMPT)
+    def log_in(self, child=None):
+        """./run on a terminal, or another console there, at the main menu."""
+        child = child or self.console()
+        child.send("admin\nadmin\n")
+        child.expect("5:Status.*" + PROMPT)
         return child
 
-    def choose(self, child, submenu, item, *answers):
-        """A menu item, from the main menu and back to it: what was shown for it."""
-        for line in (submenu, item, *answers):
-            child.sendline(line)
+    def choose(self, child, *lines):
+        """A menu item with its answers, from the main menu and back to it: what was shown for it."""
+        child.send("\n".join([*lines, ""]))
         child.expect(PROMPT)
         child.expect(PROMPT)
         shown = child.before
         child.sendline("q")
-        child.expect(PROMPT)
+        child.expect("5:Status.*" + PROMPT)
         return shown
+
+    def call(self, *command, text=""):
+        return subprocess.run(command, input=text, env=self.environment, cwd=TREE, capture_output=True, text=True,
+                              timeout=60)
 
     def run(self, *arguments, text=""):
         """./run without a terminal, to its end."""
-        return subprocess.run(["./run", *arguments], input=text, env=self.environment, cwd=TREE, capture_output=True,
-                              text=True, timeout=30)
+        return self.call("./run", *arguments, text=text)
 
     def inside(self, *command):
         """A program of the device, while a session keeps it up."""
-        return subprocess.run(["desk/join", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
-                              timeout=30)
+        return self.call("desk/join", *command)
 
     def street(self, *command):
         """A program outside the device, at the other end of its wires."""
-        return subprocess.run(["desk/street", *command], env=self.environment, cwd=TREE, capture_output=True, text=True,
-                              timeout=30)
+        return self.call("desk/street", *command)
+
+    def up(self):
+        """The device's first process outside, and how the device is isolated."""
+        with open(os.path.join(self.state, "up"), encoding="ascii") as up:
+            return up.read().split()[:2]
 
     def voice(self):
         """A network's sockets are had from within it, so a helper there makes one and hands it over."""
-        with open(os.path.join(self.state, "up"), encoding="ascii") as up:
-            device, mode, _ = up.read().split()
+        device, mode = self.up()
         enter = {"user": [f"--user=/proc/{device}/ns/user", "--preserve-credentials"], "root": []}.get(mode)
         enter = [] if enter is None else ["nsenter", f"--net=/proc/{device}/ns/net", *enter]
         here, there = socket.socketpair()
@@ -109,7 +111,12 @@ class Desk:
         return voice
 
     def owns_network(self):
-        return self.inside("/bin/test", "-e", "/var/run/own_network").returncode == 0
+        return self.up()[1] != "chroot"
+
+    def address(self, interface):
+        """MAC address, as the line has it, IP address, broadcast address and netmask."""
+        shown = self.inside("/sbin/ifconfig", interface).stdout
+        return re.search(r"HWaddr (.*)\n +inet addr:(\S+) +Bcast:(\S+) +Mask:(\S+)", shown).groups()
 
     def show(self, *names):
         """Stored settings by name."""
@@ -120,24 +127,18 @@ class Desk:
     def log(self):
         return self.run("--log").stdout
 
-    def store(self, text):
-        """Puts a text into the flash partition, as another firmware or a fault might leave it."""
+    def store(self, text, partition="5"):
+        """Puts a text into a flash partition, as another firmware or a fault might leave it."""
         os.makedirs(os.path.dirname(self.partition), exist_ok=True)
-        with open(self.partition, "w", encoding="latin-1") as file:
+        with open(self.partition[:-1] + partition, "w", encoding="latin-1") as file:
             file.write(text)
-
-    def wait_until_down(self):
-        """The supervisor holds desk.lock to its end."""
-        subprocess.run(["flock", "-w", "30", os.path.join(self.state, "desk.lock"), "true"], check=True)
 
     def processes(self):
         """Every process of this desk: those that share its memory and root directory, and its supervisor."""
         def home(process):
             return os.readlink(f"/proc/{process}/ns/ipc"), os.readlink(f"/proc/{process}/root")
 
-        with open(os.path.join(self.state, "up"), encoding="ascii") as up:
-            ours = home(up.read().split()[0])
-        found = []
+        ours, found = home(self.up()[0]), []
         for process in filter(str.isdigit, os.listdir("/proc")):
             try:
                 if home(process) == ours or self.state in command_line(process):
@@ -147,14 +148,8 @@ class Desk:
         return found
 
     def end(self):
+        """Hangs all sessions up; the supervisor holds desk.lock to its end."""
         for child in self.spawned:
             child.close(force=True)
         if os.path.exists(os.path.join(self.state, "desk.lock")):
-            self.wait_until_down()
-
-
-@pytest.fixture
-def desk(tmp_path):
-    one = Desk(tmp_path / "desk")
-    yield one
-    one.end()
+            self.call("flock", "-w", "30", os.path.join(self.state, "desk.lock"), "true").check_returncode()

@@ -10,70 +10,48 @@ import pytest
 from desk import PROMPT, command_line
 
 
-def set_sip_port(child, port):
-    child.sendline("2")
-    child.expect(PROMPT)
-    child.sendline("0")
-    child.expect("SIP Port Number")
-    child.sendline(str(port))
-    child.expect("Session Timer")
-    for _ in range(13):
-        child.sendline("")
-    child.expect("Setting Save!!.*" + PROMPT)
-
-
-def test_a_new_sip_port_is_stored_and_served_and_survives_a_restart(desk):
-    child = desk.log_in(desk.console())
-    set_sip_port(child, 5071)
-    assert desk.show("sip_port") == {"sip_port": "5071"}
+def test_what_is_set_is_stored_and_served_and_survives_a_restart(desk):
+    child = desk.log_in()
     watch = desk.spawn("tail", "-n", "+1", "-F", desk.state + "/root/var/tmp/messages")
-    watch.expect("voice_daemon: serving SIP port 5060")
-    watch.expect("voice_daemon: serving SIP port 5071")
-
-    desk.inside("/sbin/bbreboot")
+    assert "Setting Save!!" in desk.choose(child, "2", "0", "5071", *13 * [""])
+    assert desk.show("sip_port") == {"sip_port": "5071"}
+    watch.expect("voice_daemon: serving SIP port 5060.*voice_daemon: serving SIP port 5071")
+    child.send("\n".join(("0", "0", "0", "", "", "1", "02:00:5e:00:00:99", "", "1400", "198.51.100.7",
+                          "255.255.255.128", "198.51.100.1", "198.51.100.53", "198.51.100.54", "")))
+    child.expect("Device will be reboot, please wait 60 seconds and re-connect!!")
     child.expect("The desk restarted; ./run logs in again.")
     child.expect(pexpect.EOF)
     child.close()
     assert child.exitstatus == 0
-    again = desk.log_in(desk.console())
-    assert desk.show("sip_port") == {"sip_port": "5071"}
+
+    desk.log_in()
     watch.expect("bbreboot: the device restarts.*serving SIP port 5071")
-    set_sip_port(again, 5072)
-
-
-def test_a_second_login_is_turned_away_until_the_first_leaves(desk):
-    first = desk.log_in(desk.console())
-    second = desk.spawn("./run")
-    second.expect(pexpect.EOF)
-    second.close()
-    assert (second.before, second.exitstatus) == ("Duplex Login with 127.0.0.1\r\n", 1)
-    first.sendline("q")
-    first.expect("Bye Bye!!")
-    first.expect(pexpect.EOF)
-    desk.log_in(desk.console())
+    assert desk.show("sip_port", "wan_type", "static_broadcast", "dns_mode") == {
+        "sip_port": "5071", "wan_type": "0", "static_broadcast": "198.51.100.127", "dns_mode": "0"}
+    servers = desk.inside("/bin/cat", "/etc/resolv.conf").stdout
+    assert servers == "nameserver 198.51.100.53\nnameserver 198.51.100.54\n"
+    if desk.owns_network():
+        assert desk.address("eth0") == ("02:00:5E:00:00:99  ", "198.51.100.7", "198.51.100.127", "255.255.255.128")
+        assert "MTU:1400" in desk.inside("/sbin/ifconfig", "eth0").stdout
+        assert re.search(r"^0\.0\.0\.0 +198\.51\.100\.1 .* eth0$", desk.inside("/sbin/route", "-n").stdout, re.M)
 
 
 def test_a_login_on_the_web_pages_ends_the_console_and_holds_others_off_until_it_expires(desk):
-    child = desk.log_in(desk.console())
-    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "60")
+    def web_login(seconds):
+        assert desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", seconds).returncode == 0
+
+    keeper, child = desk.console(), desk.log_in()
+    web_login("60")
     child.sendline("help")
     child.expect("Connection Time Out!! Please Re-Login!!\r\nBye Bye!!\r\n")
-    keeper = desk.console()
-    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "60")
-    assert desk.run(text="admin\nadmin\n").stdout == "Duplex Login with 192.168.1.77\n"
-    desk.inside("/opt/httpd/sbin/web_server", "login", "192.168.1.77", "0")
+    web_login("60")
+    turned_away = desk.run(text="admin\nadmin\n")
+    assert (turned_away.stdout, turned_away.returncode) == ("Duplex Login with 192.168.1.77\n", 1)
+    web_login("0")
     desk.log_in(keeper)
 
 
-def test_a_script_gets_the_consoles_output_and_status(desk):
-    done = desk.run(text="admin\nadmin\nq\n")
-    assert done.returncode == 1
-    assert done.stdout.startswith("Username:Password:0:Basic Network Setting\n")
-    assert done.stdout.endswith("[4830NT]#Bye Bye!!\n")
-    assert done.stderr == ""
-
-
-def test_a_telnet_client_gets_a_console_of_its_own(desk):
+def test_telnet_clients_get_a_console_of_their_own_one_after_the_other(desk):
     with socket.socket() as probe:
         probe.bind(("127.0.0.1", 0))
         port = str(probe.getsockname()[1])
@@ -83,31 +61,26 @@ def test_a_telnet_client_gets_a_console_of_its_own(desk):
     client = desk.spawn("telnet", "127.0.0.1", port)
     client.expect("Username:")
     desk.log_in(client)
-    other = desk.spawn("telnet", "127.0.0.1", port)
-    other.expect("Duplex Login with 127.0.0.1")
+    desk.spawn("telnet", "127.0.0.1", port).expect("Duplex Login with 127.0.0.1")
     client.sendline("q")
-    client.expect("Bye Bye!!")
-    client.expect("Connection closed")
+    client.expect("Bye Bye!!.*Connection closed")
     server.sendintr()
     server.expect(pexpect.EOF)
-    desk.wait_until_down()
 
 
 def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
     desk.console()  # keeps the desk up
-    calls = tmp_path / "calls"
-    child = desk.spawn("strace", "-f", "-e", "trace=read,write,execve", "-o", str(calls), "desk/join",
+    child = desk.spawn("strace", "-f", "-e", "trace=read,write,execve", "-o", str(tmp_path / "calls"), "desk/join",
                        "/usr/sbin/console")
     child.expect("Username:")
-    set_sip_port(desk.log_in(child), 5073)
-    child.sendline("q")
-    child.expect(PROMPT)
+    for line in ("admin", "admin", "2", "0", *14 * [""], "q"):
+        child.sendline(line)
+        child.expect(r"[:#]$")
     child.sendline("q")
     child.expect(pexpect.EOF)
-
-    process, trace = re.search(r'^(\d+) +execve\("/usr/sbin/console"(.*)', calls.read_text(), re.M | re.S).groups()
-    mine = re.findall(rf"^{process} +(?:(r)ead\(0|(w)rite\(1),", trace, re.M)
-    order = "".join(read or write for read, write in mine)
+    calls = (tmp_path / "calls").read_text()
+    process, trace = re.search(r'^(\d+) +execve\("/usr/sbin/console"(.*)', calls, re.M | re.S).groups()
+    order = "".join(read or write for read, write in re.findall(rf"^{process} +(?:(r)ead\(0|(w)rite\(1),", trace, re.M))
     # Name, password, "2", "0" and 14 answers; the save, whose message is out before the prompt; "q" twice.
     assert re.fullmatch("(wr){18}ww?(rw){2}", order)
 
@@ -115,13 +88,13 @@ def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
 def test_killing_the_session_leaves_nothing_behind(desk):
     before = subprocess.check_output(["ipcs", "-m"])
     for end in (signal.SIGKILL, signal.SIGHUP, signal.SIGINT):
-        child = desk.log_in(desk.console())
+        child = desk.log_in()
         processes = desk.processes()
         assert len(processes) > 4
         child.kill(end)
         child.expect(pexpect.EOF)
         child.wait()
-        desk.wait_until_down()
+        desk.end()
         assert [p for p in processes if command_line(p)] == []
     with open("/proc/self/mounts", encoding="utf-8") as mounts:
         assert desk.state not in mounts.read()

@@ -71,8 +71,9 @@ def test_telnet_clients_get_a_console_of_their_own_one_after_the_other(desk):
 def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
     desk.console()  # keeps the desk up
     child = desk.spawn("strace", "-f", "-e", "trace=read,write,execve", "-o", str(tmp_path / "calls"), "desk/join",
-                       "/usr/sbin/console")
+                       "/usr/sbin/console", "--version")
     child.expect("Username:")
+    assert child.before == ""  # it takes no arguments
     for line in ("admin", "admin", "2", "0", *14 * [""], "q"):
         child.sendline(line)
         child.expect(r"[:#]$")

@@ -37,11 +37,6 @@ std::string_view mac_text(ValueText& text, const config::Mac& mac) {
   return {text.data(), static_cast<std::size_t>(length)};
 }
 
-// A text of digits is stored as typed, so that no other character may hide behind a NUL.
-bool typed_digits() {
-  return typed_text().size() == line_length() && is_all_digits(line_text());
-}
-
 }  // namespace
 
 Dialogue::Dialogue(const Family& family, Record record) : family_(family), adding_(record == Record::added) {}
@@ -278,8 +273,8 @@ void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, Text
     if (too_long && rule.too_long != TextRule::TooLong::refused) {
       show_message(Message::illegal_value);
       keep = rule.too_long == TextRule::TooLong::keeps_the_old;
-    } else if (!keep &&
-               ((empty && !rule.may_be_empty) || too_long || (rule.digits_only && !typed_digits()))) {
+    } else if (!keep && ((empty && !rule.may_be_empty) || too_long ||
+                         (rule.digits_only && !is_all_digits(line_text())))) {
       report(family_.bad_value);
       continue;
     }

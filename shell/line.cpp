@@ -52,7 +52,7 @@ std::size_t read_line() {
 }
 
 std::string_view line_text() {
-  return config::text_in(line);
+  return {line.data(), length + (line[length] == '\n' ? 1 : 0)};
 }
 
 std::span<char> line_buffer() {
@@ -60,7 +60,7 @@ std::span<char> line_buffer() {
 }
 
 std::string_view typed_text() {
-  return line_text().substr(0, length);
+  return config::text_in(std::span(line).first(length));
 }
 
 std::size_t line_length() {

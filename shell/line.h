@@ -15,11 +15,12 @@ constexpr std::size_t input_line_size = 512;
 // dropped.
 std::size_t read_line();
 
-// The line as a text: the characters, the newline, up to the first NUL. Valid until the next read_line().
+// The line as a number or an address is read from it: the characters, typed NULs among them, and the newline.
+// Valid until the next read_line().
 std::string_view line_text();
-// The same bytes to work in; the last one is always NUL.
+// The same bytes to work in, NULs behind them; the last one is always NUL.
 std::span<char> line_buffer();
-// The characters typed, without the newline and from the first NUL on.
+// The line as a text: the characters up to the newline or the first NUL.
 std::string_view typed_text();
 // What read_line() returned.
 std::size_t line_length();

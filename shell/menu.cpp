@@ -108,7 +108,7 @@ int classify_input(std::size_t length) {
     return quit;
   }
   const std::string_view typed = typed_text();
-  if (length <= 2 && typed.size() == length && is_all_digits(line_text())) {
+  if (length <= 2 && is_all_digits(line_text())) {
     return static_cast<int>(*decimal_value(typed));
   }
   return length == 4 && typed == "help" ? help : not_defined;

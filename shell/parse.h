@@ -1,7 +1,7 @@
 // Judging and converting what was typed.
 //
 // The texts are lines as read_line() leaves them: the last character is the newline, and several rules are
-// stated on "every character but the last". A text ends at its first NUL.
+// stated on "every character but the last". A NUL is a character like any other, and no digit.
 #pragma once
 
 #include <cstdint>

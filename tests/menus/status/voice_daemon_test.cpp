@@ -22,7 +22,7 @@ struct DaemonDesk : Desk {
   }
   std::string page(int item) {
     const Visit seen = visit(*this, 5, item, "");
-    EXPECT_TRUE(seen.returned && seen.changed.empty() && seen.shown.starts_with("{udp 127...1:8118}"));
+    EXPECT_TRUE(seen.changed.empty() && seen.shown.starts_with("{udp 127...1:8118}"));
     return seen.shown.substr(seen.shown.find('}') + 1);
   }
 };

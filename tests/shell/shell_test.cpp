@@ -15,26 +15,22 @@ const string prompt = "[4830NT]#", goodbye = "Bye Bye!!\n", unknown = "This comm
 
 // A menu of these items, and how to leave it.
 string menu(const string& items) {
-  return items + string(78, '-') + "\nq:Exit\n\n";
+  return replaced(items, ",", "\n") + "\n" + string(78, '-') + "\nq:Exit\n\n";
 }
 
-const string main_menu = menu(R"(0:Basic Network Setting
-1:Advanced Network Setting
-2:SIP setting
-3:VoIP Setting
-4:Tools
-5:Status
-)");
+const string main_menu =
+    menu("0:Basic Network Setting,1:Advanced Network Setting,2:SIP setting,3:VoIP Setting,4:Tools,5:Status");
 const string submenus[] = {
-    menu("0:Wan Setting\n1:Lan Setting\n2:DHCP setting\n"),
-    menu("0:NAT Setting\n1:Virtual Server Setting\n2:Application Setting\n3:UPNP Setting\n4:Static Route "
-         "Setting\n"
-         "5:MAC Filter\n6:IP Filter\n7:URL Filter\n8:Domain Filter\n9:Firewall Setting\n10:Rule Summary\n"),
-    menu("0:Basic Setting\n1:Account Setting\n2:NAT Traversal\n"),
-    menu("0:Voice Setting\n1:Call Service\n2:Phone Setting\n3:E.164 Setting\n4:FAX Setting\n"
-         "5:General Dialing Setting\n6:QOS/TOS Setting\n7:Phone Book Setting\n8:Call Screen\n"),
-    menu("2:Day/Time Setting\n3:DDNS Setting\n4:System Setting\n"),
-    menu("0:Device Infomation\n1:Log\n2:Line State\n3:Call Detailed Record\n")};
+    menu("0:Wan Setting,1:Lan Setting,2:DHCP setting"),
+    menu("0:NAT Setting,1:Virtual Server Setting,2:Application Setting,3:UPNP Setting,4:Static Route "
+         "Setting,5:MAC Filter,"
+         "6:IP Filter,7:URL Filter,8:Domain Filter,9:Firewall Setting,10:Rule Summary"),
+    menu("0:Basic Setting,1:Account Setting,2:NAT Traversal"),
+    menu("0:Voice Setting,1:Call Service,2:Phone Setting,3:E.164 Setting,4:FAX Setting,5:General Dialing "
+         "Setting,"
+         "6:QOS/TOS Setting,7:Phone Book Setting,8:Call Screen"),
+    menu("2:Day/Time Setting,3:DDNS Setting,4:System Setting"),
+    menu("0:Device Infomation,1:Log,2:Line State,3:Call Detailed Record")};
 
 // What is shown behind the login until the connection is closed, or the console ends.
 string shown(Device& desk, const string& typed) {
@@ -144,14 +140,15 @@ TEST(Login, IsGuardedBeforeItAndAfterThePassword) {
     for (const int taken_at : {0, 1}) {  // before the console is started, or at the password
       Desk desk;
       const auto take = [&] {
-        desk.login.holder_address = {{static_cast<std::uint8_t>(octet), 0, 0, 0}};
+        const config::Ipv4 holder{{static_cast<std::uint8_t>(octet), 168, 1, 7}};
+        desk.login.holder_address = octet == 0 ? config::Ipv4{} : holder;
         desk.login.idle_timeout = idle;
         desk.login.expiry_time = desk.clock + left;
       };
       taken_at == 0 ? take() : void();
       desk.on_wait = [&](std::size_t wait) { taken_at == 1 && wait == 1 ? take() : void(); };
       EXPECT_EQ(run_session(desk, "admin\nadmin\n"), 1);
-      const string refused = "Duplex Login with " + std::to_string(octet) + ".0.0.0\n";
+      const string refused = "Duplex Login with " + std::to_string(octet) + ".168.1.7\n";
       EXPECT_EQ(desk.transcript == (taken_at == 0 ? "" : "Username:Password:") + refused, blocked == 1);
       EXPECT_EQ(desk.login.holder_address.octet[0], blocked == 1 ? octet : 0);
     }

@@ -118,22 +118,22 @@ void exit_process(int status) {
 
 Attachment attach_segment(std::int32_t key, std::size_t size) {
   const string name = "attach " + std::to_string(key);
-  const std::size_t failed = failure(name, 2);
-  if (failed == 1) {
+  if (failure(name) != 0) {
     return {Attachment::Outcome::not_opened, EACCES, nullptr};
   }
-  if (failed == 2 || current->failing.count(name + " memory") > 0) {
+  if (failure(name + " memory") != 0) {
     return {Attachment::Outcome::not_attached, EINVAL, nullptr};
   }
   ++current->attached_segments;
+  void* memory = &current->voice_change;
   if (key == config::LoginRecord::key && size == sizeof current->login) {
-    return {Attachment::Outcome::attached, 0, &current->login};
+    memory = &current->login;
+  } else if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
+    memory = &current->settings;
+  } else {
+    note(name);
   }
-  if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
-    return {Attachment::Outcome::attached, 0, &current->settings};
-  }
-  note(name);
-  return {Attachment::Outcome::attached, 0, &current->voice_change};
+  return {Attachment::Outcome::attached, 0, memory};
 }
 
 void detach_segment(void* memory) {
@@ -198,18 +198,17 @@ void sync_storage() {
 
 int open_for_reading(const char* path) {
   const auto file = current->files.find(path);
-  if (file == current->files.end()) {
-    return -ENOENT;
-  }
-  return failure(string("open ") + path) != 0 ? -EACCES : open_file({path, file->second});
+  const bool exists = file != current->files.end();
+  const int failed = exists ? result(string("open ") + path, EACCES) : -ENOENT;
+  return failed != 0 ? failed : open_file({path, file->second});
 }
 
 int open_for_writing(const char* path) {
-  if (failure(string("open ") + path) != 0) {
-    return -EACCES;
+  const int failed = result(string("open ") + path, EACCES);
+  if (failed == 0) {
+    current->files[path].clear();
   }
-  current->files[path].clear();
-  return open_file({path});
+  return failed != 0 ? failed : open_file({path});
 }
 
 std::ptrdiff_t read_some(int descriptor, std::span<char> into) {

@@ -204,6 +204,9 @@ class Sheet {
     const bool wrong_choice = usual.starts_with('[') && refusal_ == "kind";
     question.message = !answers.empty() ? answers : wrong_choice ? "&select" : "&illegal";
     question.read(usual);
+    if (!text.empty() && !question.keeps && !question.accepted.back().typed.empty()) {
+      question.refused.push_back("");
+    }
     if (question.element() && !(adding() && question.field.starts_with(meaning_["&record"]))) {
       set(stored_, setting);
     } else if (question.element()) {
@@ -217,33 +220,33 @@ class Sheet {
   static string value(const Question& question, Desk& desk) {
     const auto [field, index] = *question.element();
     const auto bytes = question.bytes(desk);
+    if (question.is_text()) {
+      return {bytes.begin(), std::find(bytes.begin(), bytes.end(), 0)};
+    }
     const string text = config::field_value(*field, index, desk.settings);
-    const bool is_signed = field->kind == config::Field::Kind::u32;  // when it is shown
-    return question.is_text() ? string(bytes.begin(), std::find(bytes.begin(), bytes.end(), 0))
-           : is_signed        ? std::to_string(static_cast<int>(std::stoul(text)))
-                              : text;
+    return text == "4294967295" ? "-1" : text;  // shown as a signed number
   }
 
   // Shows the question. A text that it shows is cut at its line feed, unless it is stored with one.
   void ask(Road& road, const Question& question) const {
     const Answer& answer = question.accepted[0];
     const std::size_t open = question.text.find('<');
-    string shown = question.text;
     if (adding() && open != string::npos) {
-      const bool mac = answer.typed.find(':') != string::npos,
-                 address = answer.typed.find('.') != string::npos;
-      shown.replace(open + 1, shown.find('>') - open - 1,
-                    mac       ? "00:00:00:00:00:00"
-                    : address ? "0.0.0.0"
-                              : "0");
-    } else if (shown.find('$') != string::npos) {
+      const bool mac = answer.typed.find(':') != string::npos, ip = answer.typed.find('.') != string::npos;
+      road.shown += question.text.substr(0, open) +
+                    (mac  ? "<00:00:00:00:00:00"
+                     : ip ? "<0.0.0.0"
+                          : "<0") +
+                    question.text.substr(question.text.find('>'));
+    } else if (question.text.find('$') == string::npos) {
+      road.shown += question.text;
+    } else {
       const string text = value(question, road.expected);
       if (question.is_text() && text.find('\n') != string::npos && !answer.stored->ends_with("\\x0a")) {
         question.bytes(road.expected)[text.find('\n')] = 0;
       }
-      shown = replaced(shown, "$", value(question, road.expected));
+      road.shown += replaced(question.text, "$", value(question, road.expected));
     }
-    road.shown += shown;
   }
 
   static void answer(Road& road, const Question& question, const Answer& answer) {
@@ -281,27 +284,20 @@ class Sheet {
   }
 
   void expect_refused(Road road, const Question& question, const string& typed) const {
-    road.typed += typed + "\n";
+    const bool again = refusal_ == "again";
+    road.typed += typed + (again ? "\nq\n&leave" : "\n&leave");
     road.shown += question.message;
-    if (refusal_ == "again") {
-      ask(road, question);
-      road.typed += "q\n";
-      road.shown += "q:Exit\n";
-    }
-    road.typed += "&leave";
+    again ? ask(road, question) : void();
     road.expected = road.desk;
-    expect(road, road.shown + "&left");
+    expect(road, road.shown + (again ? "q:Exit\n&left" : "&left"));
   }
 
+  // Each refusal, and the end of input, where the questions before have their first answers.
   void refuse_all(Road road) const {
     for (const Question& question : questions_) {
       ask(road, question);
       for (const string& refused : question.refused) {
         expect_refused(road, question, refused);
-      }
-      const bool takes_enter = question.keeps || question.accepted.back().typed.empty();
-      if (!question.text.empty() && !takes_enter) {
-        expect_refused(road, question, "");
       }
       if (!question.text.empty()) {
         Road cut = road;

@@ -19,7 +19,7 @@ TEST(Advanced, NatAndUpnp) {
       R"(NAT Enable:<Enable>\nIPSec Pass Through Enable:<#>\nPPTP Pass Through Enable:<Enable>\n)"
       R"(L2TP Pass Through Enable:<#>\nSIP ALG Through Enable:<Enable>\nNetMetting ALG Enable:<#>\n)"
       R"(DMZ Enable:<Enable>\nDMZ LAN IP:<)";
-  hold("== NAT: 1 0 kind\n&list=" + replaced(list, "#", "Disable") + "10.0.0.9\n&wild=" +
+  hold("== NAT: 1 0 kind\n&list=" + replaced(list, "#", "Disable") + "10.1.2.9\n&wild=" +
        replaced(list, "#", "Enable") + "255.255.255.255" + filter + R"(&opening=&list>\n\n&keep
 &stop=&dump{/etc/init.d/nat.sh stop > /dev/null 2>&1}&saved
 nat_enable=1 | NAT Enable?<$>(0:disable, 1:Enable): | [01] as 1
@@ -29,7 +29,7 @@ l2tp_pass_through=0 | L2TP Pass Through Enable?<$>(0:disable, 1:Enable): | [01]
 sip_alg=1 | SIP ALG Enable?<$>(0:disable, 1:Enable): | [01]
 netmeeting_alg=0 | NetMeeting ALG Enable?<$>(0:disable, 1:Enable): | [01]
 dmz_enable=1 | DMZ Enable?<$>(0:disable, 1:Enable): | [01] as 1 ! 10
-dmz_ip=10.0.0.9 | DMZ Lan IP<$>: | ip -> DMZ Lan IP Error\n
+dmz_ip=10.1.2.9 | DMZ Lan IP<$>: | ip -> DMZ Lan IP Error\n
 > 0/ | &keepNAT Enable?<1>(0:disable, 1:Enable):&stop | nat_enable=0
 > /*6 0/ | DMZ Enable?<1>(0:disable, 1:Enable):&ending | dmz_enable=0 dmz_ip=0.0.0.0
 = dmz_enable=0 dmz_ip=0.0.0.0 nat_enable=200
@@ -124,7 +124,9 @@ public_port=8080 | Public Port?<$>(1~65535): | 1..65535
 End Day?<7>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):&ending | week_mask=0000000
 > 1/3/1/ /*5 0/ | Schedule?<200>(0:Always, 1:By Schedule):&ending | schedule_mode=0 start_hour=0 start_minute=0 \
 end_hour=0 end_minute=0 week_mask=1000000
-= virtual_server_table[0].enable=0 virtual_server_table[2].enable=1
+= virtual_server_table[0].enable=0 virtual_server_table[2].enable=1 virtual_server_table[31].enable=1
+> 1/0/0/ | &ending | virtual_server_table[0].enable=255
+> 1/31/0/ | &ending | virtual_server_table[31].enable=255
 > 0/1/1.2.3.4/0/1/2/0/ | &ending | virtual_server_table[1].enable=1 virtual_server_table[1].private_ip=1.2.3.4 \
 virtual_server_table[1].private_port=1 virtual_server_table[1].public_port=2 virtual_server_table[1].week_mask=1000000
 )"});

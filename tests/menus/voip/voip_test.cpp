@@ -105,7 +105,7 @@ note=n | note(Max 255 character): | text 255 enter>
 > 3/q/ | Action :\nPhone book\n-*57\nNo.7 &bar DialKey=None &bar Phone number=100\nnoto:n\n-*57\n-*57\n&left |
 > 1/50//x/7/q/ | No=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):\n&ending&listq:Exit\n \
 | phone_number=\x0000 note=
-> 1/49/q/ | Action :\nNo=?(0-49):\n&ending&left |
+> 1/49/q/|1/0/q/ | Action :\nNo=?(0-49):\n&ending&left |
 > 2/8/q/ | No=?(0-49):\ninput No error\n&left |
 = phone_number= dial_key=3 phone_book[9].dial_key=3 phone_book[8].dial_key=4
 > /3/5//q/ | note(Max 255 character):\n&ending&left | phone_book[0].dial_key=3 phone_book[0].phone_number=5 \
@@ -157,6 +157,7 @@ screen_number=5 | input Phone Number: | digits 15 firm
 > 1/1/3/q/ | &ending&left | screen_list=255
 > 3/1/q/ | \n\nPhone1 Outgoing List\n-*32\nNo.0 phone_number=\nNo.3 phone_number=7*130\nNo.9 phone_number=\n-*32\n\n&left |
 > 3/4/x//q/ | &illegal&which&illegal&which\n\nPhone1 Incoming List\n-*32\n-*32\n\n&left |
+> 1/0/0/q/ | &which\nPhone Number List No:&ending&left |
 > 3/2/q/ | :\n\nPhone2 Incoming List\n-*32\n-*32\n\n&left |
 > 3/3/3/q/q/ | :\n\nPhone2 Outgoing List\n-*32\n-*32\n\n&list\n&whichq:Exit\n&left |
 )");

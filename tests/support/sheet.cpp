@@ -354,6 +354,10 @@ void hold(const string& sheets, const Desk& desk) {
   string part, line;
   for (std::getline(parts, part, '\f'); std::getline(parts, part, '\f');) {
     SCOPED_TRACE(part.substr(0, part.find(':')));
+    if (string rest = part; column(rest, "for # 0 1\n") != part) {
+      const string rows = column(rest, "end\n") + "\n";
+      part = column(part, "for # 0 1\n") + replaced(rows, "#", "0") + replaced(rows, "#", "1") + rest;
+    }
     std::istringstream lines(part);
     std::getline(lines, line);
     Sheet sheet(line, desk);

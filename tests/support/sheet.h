@@ -49,9 +49,4 @@ void hold(const std::string& sheets, const Desk& desk = {});
 // `text` with `by` wherever it had `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 
-// Rows for "#" 0, and then for 1.
-inline std::string twice(const std::string& rows) {
-  return replaced(rows, "#", "0") + replaced(rows, "#", "1");
-}
-
 }  // namespace tests

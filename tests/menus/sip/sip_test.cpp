@@ -29,7 +29,8 @@ sip_host_name=gateway | Host Name?<$>(MAX Character:35): | text 35 empties
 > 5070//20000/20000/ /*10 | &ending | sip_port=5070 media_port_start=20000
 == account: 2 1 illegal
 auth_expire_time=3600 | Authentication Expire Time?<$>(60~65535): | 60..65535
-)" + twice(R"(sip_line[#].phone_enable=1 | Phone # Enable?<$>(0:Disable,1:Enable): | [01] as 1 ! 2 01
+for # 0 1
+sip_line[#].phone_enable=1 | Phone # Enable?<$>(0:Disable,1:Enable): | [01] as 1 ! 2 01
 sip_line[#].phone_number=5 | Phone Number?<$>(MAX Character:15): | text 15 empties
 sip_line[#].display_name=d | Display Name?<$>(MAX Character:35): | text 31 empties
 sip_line[#].auth_user_name=u | Authentication User Name?<$>(MAX Character:35): | text 31 empties
@@ -51,7 +52,8 @@ sip_server[#].use_outbound_proxy=1 | Use Outbound Proxy for Session?<$>(0:Disabl
 sip_server[#].outbound_proxy_address=o | Outbound Proxy Server Address?<$>(MAX Character:63): | text 63 empties
 sip_server[#].outbound_proxy_port=5062 | Outbound Proxy Server Port?<$>(1024~65535): | 1024..65535
 sip_server[#].dns_srv_support=1 | DNS SRV support?<$>(0:Disable,1:Enable): | [01]
-)") + R"(> /*10 0/ /*5 0/ /*10 0/ /*5 0// | &ending | sip_line[0].p_asserted_enable=0 sip_line[0].asserted_identity_uri= \
+end
+> /*10 0/ /*5 0/ /*10 0/ /*5 0// | &ending | sip_line[0].p_asserted_enable=0 sip_line[0].asserted_identity_uri= \
 sip_line[0].asserted_identity_display_name= sip_server[0].use_outbound_proxy=0 \
 sip_server[0].outbound_proxy_address= sip_server[0].outbound_proxy_port=0 sip_line[1].p_asserted_enable=0 \
 sip_line[1].asserted_identity_uri= sip_line[1].asserted_identity_display_name= sip_server[1].use_outbound_proxy=0 \

@@ -10,21 +10,14 @@ namespace {
 using std::string;
 
 TEST(Voip, Settings) {
-  const string values =
-      R"(0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n)"
-      R"(16:Minimize-Delay\n)";
-  const string taken =
-      "<$>: | 0 2 4 8 16 abc>0 2x>2 0016>16 +4>4 ! 1 3 17 -2 5x 4294967298 18446744073709551618\n";
-  hold(
-      R"(== call service: 3 1 again
+  hold(R"(== call service: 3 1 again
 call_service_enable=0 | Call Service Call Service Enable?<$>(0:Disable, 1:Enable): | [01] ! 00 Q
 call_transfer_timeout=30 | Call Service  Transfer Timeout?<$>(10-100): | 10..100
 call_hunting_enable=0 | Call Service  Hunting Enable?<$>(0:diable 1:enable): | [01]
 call_hunting_timeout=60 | Call Service  Hunting Timeout?<$>(5~180): | 5..180 | call_hunting_timeout=$ \n
 call_repeat_timeout=256 | Call Service  Repeat Timeout?<$>(1~300): | 1..300
-)" +
-      twice(
-          R"(phone_call_service[#].Call_Transfer_Option=2 | Call Service Phone # Call_Transfer_Option?\n0:Restricted\n1:Allowd\n\
+for # 0 1
+phone_call_service[#].Call_Transfer_Option=2 | Call Service Phone # Call_Transfer_Option?\n0:Restricted\n1:Allowd\n\
 2:User Invovation Required\nCall_Transfer_Option?<$>: | 0..2
 phone_call_service[#].call_forward_option=1 | Call Service Phone # call_forward_option?\n0:Restricted\n1:Allowd\n\
 2:User Invovation Required\ncall_forward_option?<$>: | 0..2
@@ -39,7 +32,7 @@ phone_call_service[#].call_hotline_enable=0 | Call Service Phone # call_hotline_
 phone_call_service[#].call_hotline_number=5\x0a | Call Service Phone # call_hotline_number?\n<$>\n: | line 126
 phone_call_service[#].call_repeat_enable=0 | Call Service Phone # call_repeat_enable?<$>( 0:disable, 1:enable ): \
 | 0..1
-)") + R"(== phone: 3 2 again
+== phone: 3 2 again
 Tone_Setting=1 | Phone Setting Tone_Setting?\n0:Default\n1:Taiwan\n2:China\n3:US\n4:Japan\n5:India\n\
 Tone_Setting?<$>: | [012345] | \n | ret==0\n
 callerid_type=1 | Phone Setting callerid_type?\n0:Disable\n1:DTMF\n2:FSK Bellcore\n3:FSK ETSI\n4:JAPAN CLIP\n\
@@ -50,31 +43,31 @@ callerid_t1_alertsig=1 | Phone Setting callerid_t1_alertsig?0:No Alert\n1:DTAS\n
 callerid_t1_alertsig?<$>: | [01234]
 callerid_t2_alertsig=1 | Phone Setting callerid_t2_alertsig?\n0:No Alert\n1:DTAS\n2:RPAS\n3:LR\n4:LR-DTAS\n\
 callerid_t2_alertsig?<$>: | [01234]
-)" +
-      twice(
-          R"(phone_port[#].ring_impedance=2 | Phone # Setting ring_impedance?\n1:600 ohm\n2:900 ohm\n3:Japan (600 ohm + 1uF)\n\
+for # 0 1
+phone_port[#].ring_impedance=2 | Phone # Setting ring_impedance?\n1:600 ohm\n2:900 ohm\n3:Japan (600 ohm + 1uF)\n\
 4:900 ohm + 2.16uF\n5:CTR21\n6:Australia/New Zealand\n7:Slovakia/Slovenia/South Africa\n8:China\n\
 ring_impedance?<$>: | [12345678]
 phone_port[#].hook_flash_detect_ubound=5 | Phone # Setting hook_flash_detect_ubound?<$>(100-3000): | 100..3000
 phone_port[#].hook_flash_detect_lbound=9 | Phone # Setting hook_flash_detect_lbound?<$>(100-3000): | 100..3000
 phone_port[#].voice_tx_level=5 | Phone # Setting voice_tx_level?<$>(3,4,5,6,7): | 3..7
 phone_port[#].voice_rx_level=5 | Phone # Setting voice_rx_level?<$>(3,4,5,6,7): | 3..7
-)") + R"(> /*7 3000/100/ /*7 | &ending | phone_port[0].hook_flash_detect_ubound=3000 phone_port[0].hook_flash_detect_lbound=100
+end
+> /*7 3000/100/ /*7 | &ending | phone_port[0].hook_flash_detect_ubound=3000 phone_port[0].hook_flash_detect_lbound=100
 == E.164: 3 3 again
 e164_call_enable=0 | E.164 Setting Call Enable?<$>(0:Disable, 1:Enable): | [01]
 == fax: 3 4 again
 &opening=
-)" +
-      twice(
-          R"(fax_port[#].t38_option=200 | FAX Setting Phone # T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n\
+for # 0 1
+fax_port[#].t38_option=200 | FAX Setting Phone # T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n\
 3:VOICE_AND_FAX_PASS_THROUGH\nT.38 Option?<$>: | 0..3
-)") + R"(== QoS: 3 6 again
+== QoS: 3 6 again
 &opening=
+&values=0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n
 qos_type=0 | QOS TOS/Diffserv Setting type?<$>(0:tos, 1:diffserve): | 0..1
-sip_tos=3 | QOS TOS/Diffserv Setting sip_tos?<$>\n )" +
-      values + "sip_tos?" + taken + R"(rtp_tos=8 | QOS TOS/Diffserv Setting rtp_tos?<$>\n: )" + values +
-      "rtp_tos?" + taken +
-      R"(pri_enable=0 | QOS TOS/Diffserv Setting pri_enable?<$>(0 tos, 1 diffserve): | 0..1
+sip_tos=3 | QOS TOS/Diffserv Setting sip_tos?<$>\n &valuessip_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 0016>16 +4>4 \
+! 1 3 17 -2 5x 4294967298 18446744073709551618
+rtp_tos=8 | QOS TOS/Diffserv Setting rtp_tos?<$>\n: &valuesrtp_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 ! 1 3 17 -2 5x
+pri_enable=0 | QOS TOS/Diffserv Setting pri_enable?<$>(0 tos, 1 diffserve): | 0..1
 pri_voice=1 | QOS TOS/Diffserv Setting pri_voice?<$>(0-7): | 0..7
 vlan_voice=4294967295 | QOS TOS/Diffserv Setting vlan_voice?<$>(0-1023): | 0..1023
 pri_data=1 | QOS TOS/Diffserv Setting pri_data?<$>(0-7): | 0..7

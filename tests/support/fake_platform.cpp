@@ -27,8 +27,8 @@ constexpr int socket_descriptor = 50;
 std::map<int, OpenFile> open_files;
 std::deque<string> datagrams;
 
+// What was shown before a program is started, or the device waits, has to be out by then.
 void note(const string& event) {
-  shell::flush_output();
   current->transcript += "{" + event + "}";
 }
 
@@ -131,6 +131,7 @@ Attachment attach_segment(std::int32_t key, std::size_t size) {
   } else if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
     memory = &current->settings;
   } else {
+    shell::flush_output();  // of no consequence to the flag, but the order shows
     note(name);
   }
   return {Attachment::Outcome::attached, 0, memory};

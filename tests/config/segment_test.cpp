@@ -37,7 +37,8 @@ TEST(FieldTable, RefusesValuesAndNamesThatAreNone) {
   std::istringstream refused(
       "wan_type=256,wan_type=-1,wan_type=,sip_port=65536,sip_port=5060 "
       ",lan_ip=1.2.3,lan_ip=1.2.3.4.5,lan_ip=1.2.3.256,"
-      "wan_mac=1:2:3:4:5:100,host_name=a\\x1,host_name=\\q,virtual_server_table[0].week_mask=111111,bigpond_"
+      "wan_mac=1:2:3:4:5:100,host_name=a\\x1,host_name=\\q,host_name=\\qabc,host_name=\\xzz,lan_ip=1:2:3:4,"
+      "virtual_server_table[0].week_mask=111111,bigpond_"
       "account=" +
       string(65, 'x'));
   for (string name, value; std::getline(refused, name, '=') && (std::getline(refused, value, ',') || true);) {
@@ -48,7 +49,8 @@ TEST(FieldTable, RefusesValuesAndNamesThatAreNone) {
   const config::ConfigurationSegment untouched{};
   EXPECT_EQ(std::memcmp(&segment, &untouched, sizeof segment), 0);
   for (const string table : {"", "sip", "sip_port[0]", "enable", "virtual_server_table[32].enable",
-                             "virtual_server_table[x].enable", "virtual_server_table[].enable"}) {
+                             "virtual_server_table[x].enable", "virtual_server_table[1x].enable",
+                             "virtual_server_table[].enable"}) {
     EXPECT_FALSE(config::find_field(table)) << table;
   }
 }

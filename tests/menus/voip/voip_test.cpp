@@ -64,7 +64,7 @@ fax_port[#].t38_option=200 | FAX Setting Phone # T.38 Option?\n0:Voice\n1:T38_FA
 &opening=
 &values=0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n
 qos_type=0 | QOS TOS/Diffserv Setting type?<$>(0:tos, 1:diffserve): | 0..1
-sip_tos=3 | QOS TOS/Diffserv Setting sip_tos?<$>\n &valuessip_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 0016>16 +4>4 \
+sip_tos=3 | QOS TOS/Diffserv Setting sip_tos?<$>\n &valuessip_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 0016>16 +4>4 -0>0 \
 ! 1 3 17 -2 5x 4294967298 18446744073709551618
 rtp_tos=8 | QOS TOS/Diffserv Setting rtp_tos?<$>\n: &valuesrtp_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 ! 1 3 17 -2 5x
 pri_enable=0 | QOS TOS/Diffserv Setting pri_enable?<$>(0 tos, 1 diffserve): | 0..1
@@ -99,6 +99,7 @@ note=n | note(Max 255 character): | text 255 enter>
 > 1/50//x/7/q/ | No=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):\n&ending&listq:Exit\n \
 | phone_number=\x0000 note=
 > 1/49/q/|1/0/q/ | Action :\nNo=?(0-49):\n&ending&left |
+> 1/q/q/ | No=?(0-49):q:Exit\n&left |
 > 2/8/q/ | No=?(0-49):\ninput No error\n&left |
 = phone_number= dial_key=3 phone_book[9].dial_key=3 phone_book[8].dial_key=4
 > /3/5//q/ | note(Max 255 character):\n&ending&left | phone_book[0].dial_key=3 phone_book[0].phone_number=5 \

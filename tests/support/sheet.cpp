@@ -47,6 +47,22 @@ const std::map<string, string> kinds = {
 00:11:22:33:44:55: 00:11:22:33:4:455 00:11:22:33:44:5g 00:11:22:33:44:5G 00:11:22:33:44:/5 00:11:22:33:44:@5
 00:11:22:33:44:`5 00:11:22:33:44.55)"}};
 
+// The same of numbers and texts.
+string range_words(std::uint64_t low, std::uint64_t high) {
+  const string lowest = std::to_string(low), highest = std::to_string(high);
+  return lowest + " " + highest + " 0" + lowest + ">" + lowest + " ! " + highest + "x -" + highest + " +" +
+         highest + " " + std::to_string(high + 1) + " " + std::to_string((std::uint64_t{1} << 32) + low) +
+         " " + (low > 0 ? std::to_string(low - 1) : "-1");
+}
+
+string text_words(const string& kind, std::size_t longest) {
+  const bool digits = kind == "digits";
+  const string one = digits ? "7" : "t", line_feed = kind == "line" ? "\\x0a" : "";
+  const string most = digits ? string(longest, '7') : "%n" + string(longest - 2, 't');
+  return one + ">" + one + line_feed + " " + most + ">" + most + line_feed + " ! " + most + one + " " + one +
+         "*511 " + (digits ? "12a 1-2 " + string("7\0", 2) : "");
+}
+
 struct Answer {
   string typed;
   std::optional<string> stored;  // nothing: the old value stays
@@ -68,8 +84,8 @@ struct Question {
   void read(const string& answers) {
     std::istringstream words(answers);
     bool refuses = false;
-    unsigned long low = 0, high = 0;
-    int end = 0;
+    unsigned low = 0, high = 0;
+    int length = 0;
     for (string word; words >> word;) {
       if (word == "!") {
         refuses = true;
@@ -81,18 +97,12 @@ struct Question {
           (word.find(digit) == string::npos ? others : taken) += string(" ") + digit;
         }
         read(taken + " ! 0" + word[1] + others);
-      } else if (std::sscanf(word.c_str(), "%lu..%lu%n", &low, &high, &end) == 2 && word.c_str()[end] == 0) {
-        const string lowest = std::to_string(low), highest = std::to_string(high);
-        read(lowest + " " + highest + " 0" + lowest + ">" + lowest + " ! " + highest + "x -" + highest +
-             " +" + highest + " " + std::to_string(high + 1) + " " + std::to_string((1UL << 32) + low) + " " +
-             (low > 0 ? std::to_string(low - 1) : "-1"));
+      } else if (std::sscanf(word.c_str(), "%u..%u%n", &low, &high, &length) == 2 &&
+                 word.c_str()[length] == '\0') {
+        read(range_words(low, high));
       } else if (word == "text" || word == "line" || word == "digits") {
         words >> high;
-        const bool digits = word == "digits";
-        const string one = digits ? "7" : "t", feed = word == "line" ? "\\x0a" : "";
-        const string most = digits ? string(high, '7') : "%n" + string(high - 2, 't');
-        read(one + ">" + one + feed + " " + most + ">" + most + feed + " ! " + most + one + " " + one +
-             "*511 " + (digits ? "12a 1-2 " + string("7\0", 2) : ""));
+        read(text_words(word, high));
       } else if (word == "empties" || word == "keeps") {
         for (const string& longer : std::exchange(refused, {})) {
           accepted.push_back({longer, word == "empties" ? std::optional("") : std::nullopt, "&illegal"});
@@ -106,11 +116,11 @@ struct Question {
       } else if (refuses) {
         refused.push_back(repeated(word));
       } else if (adding || !word.starts_with("enter")) {
-        const string whole = repeated(word), typed = column(word, ">");
-        const bool as_typed = whole.find('>') == string::npos, enter = typed == "enter";
-        const string stored = as_typed ? whole : whole.substr(whole.find('>') + 1);
+        string stored = repeated(word);
+        const string typed = column(stored, ">");
+        stored = word.find('>') == string::npos ? typed : stored;
         accepted.push_back(
-            {enter ? "" : repeated(typed), enter && as_typed ? std::nullopt : std::optional(stored)});
+            {typed == "enter" ? "" : typed, word == "enter" ? std::nullopt : std::optional(stored)});
       }
     }
   }

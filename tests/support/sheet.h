@@ -1,36 +1,35 @@
-// Dialogues written down as sheets. A sheet begins with "== NAME: submenu item REFUSAL": a refused answer
-// ends the dialogue with message 1 or 2 by the "kind" of answer, or always as "illegal" with message 2, or
-// the question comes "again" until q. Then come its questions, a row each:
+// Dialogues written down as sheets, for example
 //
-//   field=stored | question | what is accepted ! what is refused -> with this message | shown behind it |
-//   behind Enter
+//   == NAT traversal: 2 2 illegal
+//   stun_enable=1 | STUN Enable?<$>(0:Disable,1:Enable): | [01] as 1
+//   stun_server=old | STUN Server IP/URL?<$>: | text 63 empties
+//   > 0/2/ | UPNP Enable?<0>(0:Disable,1:Enable):&illegal |
 //
-// "$" in a question is the value it shows; "-" is no field; a row without a question is a field that is
-// written unasked. These words stand for all that a kind of answer accepts and refuses:
+// The first line has a name, the submenu, the item, and what becomes of a refused answer: the dialogue ends,
+// with message 1 or 2 by the "kind" of answer or with message 2 as "illegal", or it asks "again" until q.
 //
-//   [012]        exactly one of these digits       1..65535     a number in range, digits throughout
-//   ip mask mac  an address                        digits 15    up to so many digits
-//   text 31      up to so many characters; a longer answer is refused, or "keeps" or "empties" the field
-//   line 126     the same, stored with its line feed
-//   07 07>7      this very answer; what is behind ">" is stored where it is not what was typed
-//   enter>0      Enter, where a new record is asked for; otherwise it is refused there
-//   required     Enter is refused in a stored record as well
-//   as 1         only this answer leads to the questions below
-//   firm         the field holds no wild value
+// Questions come next. Columns: the field and what it holds, "-" for none; the text, with "$" for the value
+// it shows, none for a field that is written unasked; what is accepted, "!" and what is refused besides, "->"
+// and another message; what is shown behind an answer; behind Enter. Kinds of answers, with all they refuse:
 //
-// "+ " begins a row about new records, "~ " one about stored ones. A line of settings says what else is
-// stored. Visits come last, and the settings that they start from:
+//   [012]     one of these digits                   1..65535  a number in range, digits throughout
+//   ip        an address; also mask, mac            digits 9  up to so many digits
+//   text 31   up to so many characters; a longer answer is refused, or "keeps" or "empties" the field
+//   line 126  the same, stored with its line feed   07>7      07, which is stored as 7
+//   as 1      of these only 1 leads to the next     firm      no wild value may be stored
+//   required  refuses Enter                         enter>0   takes Enter for a new record, as 0
 //
-//   > answers, "/" behind each, "|" between alternatives | how it ends | what changes
-//   = name=value ...
+// "+ " begins a question about new records, "~ " one about stored ones; those from "for # 0 1" to "end" are
+// asked for "#" 0 and for 1. A line without columns says what else is stored.
 //
-// "&name=text" says what &name stands for: &opening, &ending, &choose (typed to get to the first question),
-// &leave and &left (typed, and shown, when all is over), &record ("mac_filter_table[0].", what fields begin
-// with), &vacant
-// ("enable=255": the record is a new one, in a slot full of rubbish), &list, and &wild in place of &list when
-// the fields' bytes are 255. &keep &select &illegal &saved &range &full &ports are messages, &dump is the
-// save. "t*31" is 31 times t, "\n" a line feed, "_" in a value or an answer a blank; "\" at its end continues
-// a line.
+// Visits come last: what is typed, "/" behind each answer, "|" between answers that do the same; how that
+// ends; what it changes. "= name=value" are settings that those below start from, besides the questions'.
+//
+// "&name=text" says what &name stands for: &opening and &ending of the dialogue; &choose, typed to get to its
+// first question; &leave, typed when it is over, which shows &left; &record, what its fields begin with;
+// &vacant, what marks the slot of a new record, as "enable=255"; &list, and &wild for it when all bytes of
+// the fields are 255. &keep &select &illegal &saved &range &full &ports are messages, &dump is the save, &bar
+// a "|". "t*31" is 31 times t, "\n" a line feed, "_" a blank in what is typed or stored; "\" joins lines.
 #pragma once
 
 #include <string>

@@ -9,12 +9,6 @@
 #include <map>
 
 #include "input.h"
-#include "menus/advanced/submenu.h"
-#include "menus/network/submenu.h"
-#include "menus/sip/submenu.h"
-#include "menus/status/submenu.h"
-#include "menus/tools/submenu.h"
-#include "menus/voip/submenu.h"
 #include "promises.h"
 #include "support/session.h"
 
@@ -37,10 +31,6 @@ bool is_single(const std::string& name) {
 }
 
 TEST(Corpus, HasASessionForEveryMenuItem) {
-  const shell::MenuTree menus = {
-      &menus::network::submenu, &menus::advanced::submenu, &menus::sip::submenu,
-      &menus::voip::submenu,    &menus::tools::submenu,    &menus::status::submenu,
-  };
   const auto files = corpus();
   for (std::size_t submenu = 0; submenu < menus.size(); ++submenu) {
     for (std::size_t item = 0; item < shell::Submenu::slots; ++item) {
@@ -55,13 +45,10 @@ TEST(Corpus, HasASessionForEveryMenuItem) {
 
 TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
   for (const auto& [name, input] : corpus()) {
-    Device clean;
+    Device clean, untouched;
     EXPECT_EQ(fuzz::play(clean, input), "") << name;
-    if (clean.failing.empty() && std::isdigit(name[0]) != 0) {
-      EXPECT_TRUE(clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n"))
-          << name << clean.transcript;
-    }
-    Device untouched;
+    const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
+    EXPECT_TRUE(is_whole || !clean.failing.empty() || std::isdigit(name[0]) == 0) << name << clean.transcript;
     fuzz::set_up(untouched, input);
     for (std::size_t fault = 1; fault <= clean.chances; ++fault) {
       Device device;
@@ -72,10 +59,9 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
         EXPECT_EQ(differences(clean.settings, device.settings), "") << name << " " << device.failed;
       }
       const bool connection = device.failed == "input" || device.failed == "output";
-      const bool start = device.failed == "attach 1234" || device.failed == "attach 5678";
+      const bool start = device.failed.starts_with("attach 1234") || device.failed.starts_with("attach 5678");
       // Nothing but its connection and its records can end a session: it goes on to what was typed last.
-      EXPECT_TRUE(!start || device.waits.empty()) << name << " " << device.failed;
-      EXPECT_TRUE(connection || start || device.transcript.ends_with("Bye Bye!!\n"))
+      EXPECT_TRUE(start ? device.waits.empty() : connection || device.transcript.ends_with("Bye Bye!!\n"))
           << name << " " << device.failed << "\n"
           << device.transcript;
     }

@@ -68,11 +68,6 @@ struct Device {
 Device& device();
 void use_device(Device& device);
 
-// Ends a session from inside the fake: where exit_process() goes.
-struct SessionEnd {
-  int status;
-};
-
 // Runs `body` until it calls platform::exit_process(), and returns the status.
 int run_to_exit(void (*body)());
 

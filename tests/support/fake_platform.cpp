@@ -1,10 +1,9 @@
-#include <netinet/in.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <csetjmp>
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 #include "config/voice_change.h"
 #include "platform/platform.h"
@@ -14,50 +13,45 @@
 namespace tests {
 namespace {
 
+using std::string;
+
 Device* current = nullptr;
 std::jmp_buf exit_point;
 
 struct OpenFile {
-  std::string path;
-  std::string content;
+  string path, content = {};
   std::size_t position = 0;
-  bool writes = false;
 };
 constexpr int first_descriptor = 100;
 constexpr int socket_descriptor = 50;
 std::map<int, OpenFile> open_files;
-std::deque<std::string> datagrams;
+std::deque<string> datagrams;
 
-void note(const std::string& event) {
-  shell::flush_output();
+// What was shown before a program is started, or the device waits, has to be out by then.
+void note(const string& event) {
   current->transcript += "{" + event + "}";
 }
 
-bool always_fails(const std::string& call) {
-  return current->failing.count(call) > 0;
-}
-
 // In which of its ways this call fails, from 1; 0 when it does not.
-std::size_t failure(const std::string& call, std::size_t ways) {
-  const std::size_t before = current->chances;
-  current->chances += ways;
+std::size_t failure(const string& call, std::size_t ways = 1) {
+  const std::size_t before = std::exchange(current->chances, current->chances + ways);
   if (before < current->fault && current->fault <= current->chances) {
     current->failed = call;
     return current->fault - before;
   }
-  return always_fails(call) ? 1 : 0;
+  return current->failing.count(call);
 }
 
-bool fails(const std::string& call) {
-  return failure(call, 1) != 0;
+// 0, or the negative errno value with which this call fails.
+int result(const string& call, int error) {
+  return failure(call) != 0 ? -error : 0;
 }
 
-int open_file(OpenFile file) {
+int open_file(const OpenFile& file) {
   int descriptor = first_descriptor;
-  while (open_files.count(descriptor) > 0) {
+  while (!open_files.emplace(descriptor, file).second) {
     ++descriptor;
   }
-  open_files[descriptor] = std::move(file);
   ++current->open_descriptors;
   return descriptor;
 }
@@ -87,64 +81,60 @@ int run_to_exit(void (*body)()) {
 
 namespace platform {
 
-using tests::current;
-using tests::note;
+using namespace tests;
 
 void ignore_terminal_signals() {}
 
 std::size_t read_input(std::span<char> into) {
-  tests::Device& device = *current;
-  device.waits.push_back(device.transcript.size());
-  if (device.on_wait) {
-    device.on_wait(device.waits.size() - 1);
+  current->waits.push_back(current->transcript.size());
+  if (current->on_wait) {
+    current->on_wait(current->waits.size() - 1);
   }
-  if (tests::fails("input") || device.input.empty()) {
+  if (failure("input") != 0 || current->input.empty()) {
     return 0;
   }
-  std::string& piece = device.input.front();
+  string& piece = current->input.front();
   const std::size_t taken = piece.copy(into.data(), into.size());
   piece.erase(0, taken);
   if (piece.empty()) {
-    device.input.pop_front();
+    current->input.pop_front();
   }
   return taken;
 }
 
 bool write_output(std::string_view bytes) {
-  if (tests::fails("output")) {
-    return false;
-  }
-  current->transcript += bytes;
-  return true;
+  const bool written = failure("output") == 0;
+  current->transcript += written ? bytes : "";
+  return written;
 }
 
 void report_error(const char* label, int error) {
-  current->transcript += std::string("{") + label + ": " + std::strerror(error) + "}";
+  current->transcript += string("{") + label + ": " + std::strerror(error) + "}";
 }
 
 void exit_process(int status) {
-  std::longjmp(tests::exit_point, status + 1);
+  std::longjmp(exit_point, status + 1);
 }
 
 Attachment attach_segment(std::int32_t key, std::size_t size) {
-  const std::string name = "attach " + std::to_string(key);
-  const std::size_t failure = tests::failure(name, 2);
-  if (failure == 1) {
+  const string name = "attach " + std::to_string(key);
+  if (failure(name) != 0) {
     return {Attachment::Outcome::not_opened, EACCES, nullptr};
   }
-  if (failure == 2 || tests::always_fails(name + " memory")) {
+  if (failure(name + " memory") != 0) {
     return {Attachment::Outcome::not_attached, EINVAL, nullptr};
   }
-  tests::Device& device = *current;
-  ++device.attached_segments;
-  if (key == config::LoginRecord::key && size == sizeof device.login) {
-    return {Attachment::Outcome::attached, 0, &device.login};
+  ++current->attached_segments;
+  void* memory = &current->voice_change;
+  if (key == config::LoginRecord::key && size == sizeof current->login) {
+    memory = &current->login;
+  } else if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
+    memory = &current->settings;
+  } else {
+    shell::flush_output();  // of no consequence to the flag, but the order shows
+    note(name);
   }
-  if (key == config::ConfigurationSegment::key && size == sizeof device.settings) {
-    return {Attachment::Outcome::attached, 0, &device.settings};
-  }
-  note(name);
-  return {Attachment::Outcome::attached, 0, &device.voice_change};
+  return {Attachment::Outcome::attached, 0, memory};
 }
 
 void detach_segment(void* memory) {
@@ -178,13 +168,13 @@ void run_shell_command(const char* command) {
 }
 
 CommandStream open_command(const char* command) {
-  if (tests::fails(std::string("start ") + command)) {
+  if (failure(string("start ") + command) != 0) {
     return {-1, -1};
   }
   if (current->on_command) {
     current->on_command(command);
   }
-  const int descriptor = tests::open_file({command, current->command_output[command]});
+  const int descriptor = open_file({command, current->command_output[command]});
   return {descriptor, descriptor};
 }
 
@@ -193,17 +183,14 @@ void close_command(CommandStream stream) {
 }
 
 int run_program(const char* path, const char* const arguments[], bool new_session) {
-  std::string line = new_session ? std::string("setsid ") + path : path;
+  string line = new_session ? string("setsid ") + path : path;
   for (; *arguments != nullptr; ++arguments) {
-    line += std::string(" [") + *arguments + "]";
+    line += string(" [") + *arguments + "]";
   }
   note(line);
   constexpr int ends[] = {1, 255, 128 + 9};
-  if (const std::size_t failure = tests::failure(std::string("run ") + path, std::size(ends)); failure > 0) {
-    return ends[failure - 1];
-  }
-  const auto status = current->program_status.find(path);
-  return status == current->program_status.end() ? 0 : status->second;
+  const std::size_t failed = failure(string("run ") + path, std::size(ends));
+  return failed > 0 ? ends[failed - 1] : current->program_status[path];
 }
 
 void sync_storage() {
@@ -212,23 +199,22 @@ void sync_storage() {
 
 int open_for_reading(const char* path) {
   const auto file = current->files.find(path);
-  if (file == current->files.end() || tests::fails(std::string("open ") + path)) {
-    return file == current->files.end() ? -ENOENT : -EACCES;
-  }
-  return tests::open_file({path, file->second});
+  const bool exists = file != current->files.end();
+  const int failed = exists ? result(string("open ") + path, EACCES) : -ENOENT;
+  return failed != 0 ? failed : open_file({path, file->second});
 }
 
 int open_for_writing(const char* path) {
-  if (tests::fails(std::string("open ") + path)) {
-    return -EACCES;
+  const int failed = result(string("open ") + path, EACCES);
+  if (failed == 0) {
+    current->files[path].clear();
   }
-  current->files[path].clear();
-  return tests::open_file({path, {}, 0, true});
+  return failed != 0 ? failed : open_file({path});
 }
 
 std::ptrdiff_t read_some(int descriptor, std::span<char> into) {
-  tests::OpenFile& file = tests::open_files.at(descriptor);
-  if (tests::fails("read " + file.path)) {
+  OpenFile& file = open_files.at(descriptor);
+  if (failure("read " + file.path) != 0) {
     return -EIO;
   }
   const std::size_t taken = file.content.copy(into.data(), into.size(), file.position);
@@ -237,28 +223,24 @@ std::ptrdiff_t read_some(int descriptor, std::span<char> into) {
 }
 
 int write_all(int descriptor, std::string_view bytes) {
-  const tests::OpenFile& file = tests::open_files.at(descriptor);
-  if (tests::fails("write " + file.path)) {
-    return -ENOSPC;
-  }
-  current->files[file.path] += bytes;
-  return 0;
+  const string& path = open_files.at(descriptor).path;
+  const int failed = result("write " + path, ENOSPC);
+  current->files[path] += failed == 0 ? bytes : "";
+  return failed;
 }
 
 int rewind_file(int descriptor) {
-  tests::OpenFile& file = tests::open_files.at(descriptor);
-  if (tests::fails("rewind " + file.path)) {
-    return -EIO;
-  }
-  file.position = 0;
-  return 0;
+  OpenFile& file = open_files.at(descriptor);
+  const int failed = result("rewind " + file.path, EIO);
+  file.position = failed == 0 ? 0 : file.position;
+  return failed;
 }
 
 int close_file(int descriptor) {
-  const std::string path = tests::open_files.at(descriptor).path;
-  tests::open_files.erase(descriptor);
+  const string path = open_files.at(descriptor).path;
+  open_files.erase(descriptor);
   --current->open_descriptors;
-  return tests::fails("close " + path) ? -EIO : 0;
+  return result("close " + path, EIO);
 }
 
 const char* error_text(int error) {
@@ -266,36 +248,34 @@ const char* error_text(int error) {
 }
 
 int open_udp_socket() {
-  if (tests::fails("udp socket")) {
+  if (failure("udp socket") != 0) {
     return -EMFILE;
   }
   ++current->open_descriptors;
-  tests::datagrams.clear();
-  return tests::socket_descriptor;
+  datagrams.clear();
+  return socket_descriptor;
 }
 
 int bind_udp_to_any(int /*socket*/) {
-  return tests::fails("udp bind") ? -EADDRINUSE : 0;
+  return result("udp bind", EADDRINUSE);
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
-  if (tests::fails("udp connect")) {
-    return -ENETUNREACH;
+  const int failed = result("udp connect", ENETUNREACH);
+  if (failed == 0) {
+    note("udp " + std::to_string(address & 255) + "..." + std::to_string(address >> 24) + ":" +
+         std::to_string(port));
   }
-  note("udp " + std::to_string(address & 255) + "..." + std::to_string(address >> 24) + ":" +
-       std::to_string(port));
-  return 0;
+  return failed;
 }
 
 std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
-  if (const std::size_t failure = tests::failure("udp send", 2); failure > 0) {
-    return failure == 1 ? -ECONNREFUSED : static_cast<std::ptrdiff_t>(bytes.size() - 1);
+  if (const std::size_t failed = failure("udp send", 2); failed > 0) {
+    return failed == 1 ? -ECONNREFUSED : static_cast<std::ptrdiff_t>(bytes.size() - 1);
   }
   current->requests.emplace_back(bytes);
   if (current->on_datagram) {
-    for (std::string& answer : current->on_datagram(std::string(bytes))) {
-      tests::datagrams.push_back(std::move(answer));
-    }
+    std::ranges::copy(current->on_datagram(string(bytes)), std::back_inserter(datagrams));
   }
   return static_cast<std::ptrdiff_t>(bytes.size());
 }
@@ -303,23 +283,22 @@ std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
 std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
   const bool refused = current->refused_receives > 0;
   current->refused_receives -= refused ? 1 : 0;
-  if (tests::fails("udp receive") || refused || tests::datagrams.empty()) {
+  if (failure("udp receive") != 0 || refused || datagrams.empty()) {
     ++current->clock;  // a refused datagram comes back at once, yet the deadline has to come closer
     return -ECONNREFUSED;
   }
-  const std::size_t taken = tests::datagrams.front().copy(into.data(), into.size());
-  tests::datagrams.pop_front();
+  const std::size_t taken = datagrams.front().copy(into.data(), into.size());
+  datagrams.pop_front();
   return static_cast<std::ptrdiff_t>(taken);
 }
 
 int wait_readable(int /*socket*/, unsigned seconds) {
-  const std::size_t failure = tests::failure("udp wait", 2);
-  if (failure == 1) {
+  const std::size_t failed = failure("udp wait", 2);
+  if (failed == 1) {
     return -EBADF;
   }
-  const bool something =
-      !tests::datagrams.empty() || tests::always_fails("udp receive") || current->refused_receives > 0;
-  if (failure == 2 || !something) {
+  const bool refuses = current->failing.count("udp receive") > 0 || current->refused_receives > 0;
+  if (failed == 2 || (datagrams.empty() && !refuses)) {
     note("silence " + std::to_string(seconds));
     current->clock += seconds;
     return 0;

@@ -1,0 +1,296 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <sstream>
+#include <vector>
+
+#include "menus/status/voice_daemon.h"
+#include "support/sheet.h"
+
+namespace tests {
+namespace {
+
+using std::string;
+
+// ---- Device information ----
+
+const string tools[] = {"/bin/date", "/bin/uptime", "route -n | awk '{print $2\" \"$4}' ",
+                        "/sbin/ifconfig eth0"};
+const string usual[] = {
+    "Thu Jan  1 08:00:00 CST 2009\nsecond line\n", " 20:56:11 up 3 days,  4:05,  0 users\n",
+    "IP Flags\nGateway Flags\n10.0.0.9 UGH\n10.0.0.1 UG\n10.0.0.2 UG\n",
+    "eth0 HWaddr 00:11:22:33:44:55  \n inet addr:10.0.0.7  Bcast:10.0.0.255  Mask:255.0.0.0\n",
+    "search lan\nnameserver 10.0.0.53\nnameserver 10.0.1.53\n"};
+
+// Whose tools print that, and whose /etc/resolv.conf holds the last; "-" for one that fails.
+Desk desk_with(const string (&printed)[5]) {
+  Desk desk;
+  for (std::size_t i = 0; i < 4; ++i) {
+    desk.command_output[tools[i]] = printed[i];
+    desk.failing.insert(printed[i] == "-" ? "start " + tools[i] : "");
+  }
+  desk.files = {{"/etc/resolv.conf", printed[4]}, {"/tmp/ppp_test", "ppp0   Link\n"}};
+  desk.failing.insert(printed[4] == "-" ? "open /etc/resolv.conf" : "");
+  desk.command_output["/sbin/ifconfig ppp0"] = "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n";
+  desk.command_output["/sbin/ifconfig eth1"] = "eth1 HWaddr 1:2\n inet addr:192.168.1.1  Mask:255.255.0.0\n";
+  return desk.set("dhcp_server_enable", "1").set("host_name", "gateway");
+}
+
+const string rule = string(54, '-') + "\\n";
+const string page = "== device: 5 0 kind\n&top=Device Information\\n" + rule + R"(Model Name : NTX4830 \n\
+Firmware Version : 1.10 \nHost Name : gateway\nSystem Date : 
+&mode=Device Mode : Router Mode \n)" +
+                    rule + "\n&end=" + rule + R"(LAN MAC Address : 1:2\nLAN IP Address : 192.168.1.1\n\
+LAN Subnet Mask : 255.255.0.0\nDHCP Server Function : Enabled \nDNS Proxy Function : Disabled \n)" +
+                    rule + R"(
+&dns=DNS 1 (Primary):10.0.0.53\nDNS 2 (Secondary):10.0.1.53\nOther DNS: \n
+&nodns=DNS 1 (Primary):\nDNS 2 (Secondary):\nOther DNS: \n
+&usual=&topThu Jan  1 08:00:00 CST 2009\nUp Time : 3 days\n&mode
+&gateway=WAN Gateway Address : 10.0.0.1\n
+&eth=WAN MAC Address : 00:11:22:33:44:55  \nWAN IP Address : 10.0.0.7\nWAN Subnet Mask : 255.0.0.0\n&gateway
+&test={/sbin/ifconfig | grep ppp0 > /tmp/ppp_test}
+&ppp=&testppp0   Link\n\nWAN MAC Address : 00:11:22:33:44:55  \nWAN IP Address : 10.64.0.3\n\
+WAN Subnet Mask : 255.255.255.255\n&gateway
+&ask=0:Disconnect, 1:Reconnect\n[4830NT]#
+&ok=Configuration successed.\n
+)";
+
+TEST(DeviceInformation, ShowsEveryKindOfConnectionAndRunsItsScripts) {
+  const string dialled = R"(= host_name=gateway\x0a wan_type=#
+&stop={/etc/init.d/SCRIPT.sh stop > /dev/null 2>&1}
+&restart={/etc/init.d/SCRIPT.sh restart > /dev/null 2>&1}
+&page=&usualWAN Type : NAME \nLINES&dns&end&ask
+> 0/ | &page&stop&restart&ok |
+> 01/ | &page&restart&ok |
+> /|2/|0x/|-1/|4294967296/ | &page |
+)";
+  const char* const types[][4] = {{"2", "PPPOE", "pppoe", "&ppp"},
+                                  {"3", "PPTP", "pptp", "&ppp"},
+                                  {"4", "L2TP", "l2tp", "&ppp"},
+                                  {"5", "BigPond", "bigpond", ""}};
+  Desk desk = desk_with(usual);
+  for (const auto& [number, name, script, lines] : types) {
+    hold(page + replaced(replaced(replaced(replaced(dialled, "#", number), "NAME", name), "SCRIPT", script),
+                         "LINES", lines),
+         desk);
+  }
+  desk.on_command = [&](const string& command) {  // what stands before it is on the screen by then
+    EXPECT_TRUE(command != "/bin/date" || device().transcript.ends_with("System Date : "));
+  };
+  hold(page + R"(> | &usualWAN Type : Static IP \n&eth&dns&end |
+= wan_type=1
+&page=&usualWAN Type : DHCP \n&eth&dns&end0:Release WAN IP, 1:Renew WAN IP\n[4830NT]#
+> 0/ | &page{/etc/init.d/udhcpc.sh stop > /dev/null 2>&1}&ok |
+> 1/ | &page{/etc/init.d/udhcpc.sh restart > /dev/null 2>&1}&ok |
+> 2/|/ | &page |
+= wan_type=200
+> 0/ | &usual&dns&end&ask&ok |
+= host_name=h*128
+> | Host Name : h*128\nSystem Date : Thu Jan  1 08:00:00 CST 2009\nUp Time : 3 days\n&modeWAN Type : Static IP \n\
+&eth&dns&end |
+)",
+       desk);
+  desk.files["/tmp/ppp_test"] = "";
+  hold(page + "= wan_type=3\n> / | WAN Type : PPTP \\n&test\\nWAN is disconnection!\\n&gateway&dns&end&ask |",
+       desk);
+  desk.failing = {"open /tmp/ppp_test"};
+  hold(page + "= wan_type=3\n> / | WAN Type : PPTP \\n&test&gateway&dns&end&ask |", desk);
+}
+
+TEST(DeviceInformation, ToolsThatFailOrSaySomethingElse) {
+  const string many(300, 'x'), one = "nameserver 1.1.1.1\n";
+  hold(page + R"(> | &top\nUp Time : \n&modeWAN Type : Static IP \n\nWAN Gateway Address : \n&nodns&end |)",
+       desk_with({"-", "-", "-", "-", "-"}));
+  hold(page + R"(> | &top\nUp Time : \n&modeWAN Type : Static IP \nWAN MAC Address : \nWAN IP Address : \n\
+WAN Subnet Mask : \nWAN Gateway Address : \n&nodns&end |)",
+       desk_with({"", "", "", "HWaddr\ninet addr:", ""}));
+  hold(page + R"(> | &topx*255Up Time : &modeWAN Type : Static IP \nWAN MAC Address : 1\nWAN IP Address : 8\n\
+WAN Subnet Mask : \nWAN Gateway Address : 7\nDNS 1 (Primary):x*88\nDNS 2 (Secondary):\nOther DNS: \n&end |)",
+       desk_with({many, "up 3 min\n", "9 UGH\n7 UGD", "HWaddr 1\nMask:9 inet addr:8", "nameserver " + many}));
+  hold(page + R"(> | &topcutUp Time : \n&modeWAN Type : Static IP \nWAN Gateway Address : \n\
+DNS 1 (Primary):1.1.1.1\nDNS 2 (Secondary):\nOther DNS: 1.1.1.1,1.1.1.1,1.1.1.1,\n&end |)",
+       desk_with({"cut", "up,", "UG\n", "eth0: error\n", one + "#nameserver\n" + one + one + one + one}));
+}
+
+// ---- The log ----
+
+// "from\n" down or up to "to\n".
+string lines(int from, int to, const string& end = "\n") {
+  return std::to_string(from) + end + (from == to ? "" : lines(from < to ? from + 1 : from - 1, to, end));
+}
+
+// Visits to a device with that snapshot under that name, or one that is made there, or a call that fails.
+void hold_log(const string& visits, const string& log, const string& name = "/var/tmp/messages.tmp",
+              const string& made_as = "", const string& failing = "") {
+  Desk desk;
+  desk.files = {{"/var/tmp/messages", "the log\n"}, {name, log}};
+  desk.failing = {failing};
+  desk.on_command = [&](const string& /*command*/) { device().files[made_as] = log; };
+  hold("== log: 5 1 kind\n&r=" + string(65, '-') +
+           "\\n\n&end=&rhaven't other log message\\n\\n\\n\n&no=can't read log file\\n\n" +
+           "&asked=&rq:Exit , other:Continue:&r\n" + visits,
+       desk);
+}
+
+TEST(LogViewer, ShowsTheNewestFirstInPages) {
+  const string odd_line("a\0b %s%n\n", 9), full_line(507, 'x');
+  hold_log("> | &r&end |", "debug\na debug b\nnodebugging\n");
+  hold_log("> | &rdebu g\\ny\\nx\\n&end |", "x\nnodebugging\ny\ndebu g\n");
+  hold_log("> | &r" + lines(20, 1, "\\n") + "&end |", "debug\n" + lines(1, 20) + "debug\n");
+  hold_log("> qq/Q/ | &r" + lines(41, 22, "\\n") + "&asked" + lines(21, 2, "\\n") + "&asked1\\n&end |",
+           lines(1, 41));
+  hold_log("> /q/ | &r" + lines(45, 26, "\\n") + "&asked" + lines(25, 6, "\\n") + "&askedq:Exit\\n |",
+           lines(1, 45));
+  hold_log("> | &r\xff no end" + odd_line + "&end |", odd_line + "\n\xff no end");
+  hold_log("> | &rug\\n" + full_line + "deb&end |", full_line + "debug\n");  // read in pieces of 510
+}
+
+TEST(LogViewer, FindsItsSnapshotUnderEitherNameOrMakesIt) {
+  const string made =
+      "{cat /var/tmp/messages &bar awk {'print $1,$2,$3,$5,$7,$8,$9,$10,$11,$12,$13,$14'} > "
+      "/tmp/messages.tmp}";
+  for (const string name : {"/var/tmp/messages.tmp", "/tmp/messages.tmp"}) {
+    hold_log("> | &rhere\\n&end |", "here\n", name);
+    hold_log("> | " + made + "&rhere\\n&end |", "here\n", "", name);
+    hold_log("> | &no |", "", "", name, "open /var/tmp/messages");
+  }
+  hold_log("> | " + made + "&no |", "", "", "");
+}
+
+// ---- The voice daemon: the client by itself, and the two pages that ask through it ----
+
+using namespace menus::status;
+using Strings = std::vector<string>;
+
+struct DaemonDesk : Desk {
+  explicit DaemonDesk(const Strings& replies = {}) {
+    use_device(*this);
+    on_datagram = [replies](const string& /*request*/) { return replies; };
+  }
+  string page(int item) {
+    const Visit seen = visit(*this, 5, item, "");
+    EXPECT_TRUE(seen.changed.empty() && seen.shown.starts_with("{udp 127...1:8118}"));
+    return seen.shown.substr(seen.shown.find('}') + 1);
+  }
+};
+
+// What a query of these commands returns, and the fields, "-" for a null one.
+string query(const std::vector<const char*>& commands) {
+  std::array<const char*, 3> fields = {"left", "over", ""};
+  string seen = std::to_string(voice_daemon_query(commands, fields));
+  for (const char* const field : fields) {
+    seen += string(" ") + (field != nullptr ? field : "-");
+  }
+  EXPECT_EQ(device().open_descriptors, 0);
+  return seen;
+}
+
+TEST(VoiceDaemon, CutsRepliesIntoLinesAndRefusesALongRequest) {
+  const string endless = string(8190, 'a') + "bc", fits(8189, 'x');
+  const std::map<string, string> replies = {{"a\n\nb\n", "2 a b -"},
+                                            {"\n\n\na", "1 a - -"},
+                                            {"", "1 - - -"},
+                                            {"\n\n", "1 - - -"},
+                                            {"1\n2\n3\n4\n", "3 1 2 3"},
+                                            {{"a\n\0b\nc", 6}, "1 a - -"},
+                                            {"\xff\r\n b", "2 \xff\r  b -"},
+                                            {endless, "1 " + endless.substr(0, 8191) + " - -"}};
+  for (const auto& [reply, result] : replies) {
+    DaemonDesk desk({reply, "a datagram too many"});
+    EXPECT_EQ(query({"get one", "get two 0 1"}), result);
+    EXPECT_EQ(desk.requests, Strings{"get one\nget two 0 1\n\n"});
+  }
+  DaemonDesk desk({"a"});
+  EXPECT_EQ(query({(fits + "y").c_str()}) + query({fits.c_str(), ""}), "-2 - - --2 - - -");
+  EXPECT_EQ(query({fits.c_str()}), "1 a - -");
+  EXPECT_EQ(desk.requests, Strings{fits + "\n\n"});
+}
+
+TEST(VoiceDaemon, FailuresHaveTheirCodesAndEndInTime) {
+  std::istringstream cases(
+      "udp socket|-2 -1\nudp bind|-3 -1\nudp connect|-4 -1\nudp send|50 -3\nudp wait|50 -4\n"
+      "udp receive|50 -4\n|50 -4\n");
+  for (string failing, codes; std::getline(cases, failing, '|') && std::getline(cases, codes);) {
+    DaemonDesk desk;
+    desk.failing = {failing};
+    const string queried = query({"get one"});
+    EXPECT_LE(desk.clock, Desk().clock + 5);
+    EXPECT_EQ(std::to_string(voice_daemon_open("127.0.0.1", 8118)) + " " + queried, codes + " - - -");
+  }
+  EXPECT_TRUE(voice_daemon_open("127.0.0.256", 8118) == -1 && voice_daemon_send(-1, "get") == -1);
+  for (const bool answered : {false, true}) {
+    DaemonDesk late(answered ? Strings{"a"} : Strings{});
+    late.refused_receives = 4;  // a second each
+    EXPECT_EQ(query({"get one"}), answered ? "1 a - -" : "-4 - - -");
+    EXPECT_EQ(late.transcript, answered ? "{udp 127...1:8118}" : "{udp 127...1:8118}{silence 1}");
+  }
+}
+
+TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
+  string request, reply;
+  for (std::size_t i = 0; i < 24; ++i) {
+    request +=
+        string("get rtpstat") + (i < 12 ? "total" : "current") + Strings{"send", "recv", "lost"}[i % 3];
+    request += Strings{" 0 0\n", " 0 1\n", " 1 0\n", " 1 1\n"}[i / 3 % 4];
+    reply += i == 19 ? "-7\n" : i == 20 ? "x\n" : i == 21 ? "4294967296\n" : std::to_string(i) + " packets\n";
+  }
+  DaemonDesk desk({reply + "w\n%s\xff nineteen bytes!\nz\n%s\xff of twenty bytes.\n"});
+  EXPECT_EQ(desk.page(2),
+            "\nPhone 1            |Phone 2            |Account 1          |Account 2\n"
+            "-------------------+-------------------+-------------------+------------------\n"
+            "w                  |%s\xff nineteen bytes!|z                  |%s\xff of twenty bytes\n"
+            "\n     |       |RTP Send Packets   |RTP Recv Packets   |Packet loss\n"
+            "Phone|Channel|    Total|  Current|    Total|  Current|    Total|  Current\n"
+            "-----+-------+---------+---------+---------+---------+---------+--------------\n"
+            "  1  |   0   |        0|       12|        1|       13|        2|       14\n"
+            "     |   1   |        3|       15|        4|       16|        5|       17\n"
+            "-----+-------+---------+---------+---------+---------+---------+--------------\n"
+            "  2  |   0   |        6|       18|        7|       -7|        8|        0\n"
+            "     |   1   |        9|2147483647|       10|       22|       11|       23\n\n");
+  EXPECT_EQ(desk.requests,
+            Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
+  const string cut_short = DaemonDesk({"1\n\n2\n"}).page(2);
+  EXPECT_NE(cut_short.find("|                   |                   |"), string::npos);
+  EXPECT_NE(cut_short.find("  1  |   0   |        1|        0|        2|        0|"), string::npos);
+  EXPECT_EQ(DaemonDesk().page(2), "{silence 5}");
+}
+
+string call(const string& first_row, const string& second_row) {
+  const string line = string(78, '-') + "\n";
+  return line + "Phone Num       |Durace time|phone|Reason\n----------------+-----------+-----+" +
+         string(43, '-') + "\n" + first_row + line +
+         "Call type|Call time           |Answer time         |Disconnect time     \n" +
+         "---------+--------------------+--------------------+--------------------------\n" + second_row +
+         line + "\n";
+}
+
+TEST(VoiceDaemon, CallRecordsThatCameBeforeTheFetchEnded) {
+  const string record = "0|555|20070608123456|0|2007060812345x|100f|65|0", bars(9000, '|');
+  const string shown = call("555             |         65|    1|User busy\n",
+                            "dial out |2007/06/08 12:34:56 |0                   |2007/06/08 12:34:5x \n");
+  DaemonDesk odd(
+      {"2", "|1|%s||\xff|-|x|2007|0|1||",
+       "2|12345678901234567|123456789012345678901|" + string(40, 't') + "|-|10|1234567890123|99999", record});
+  EXPECT_EQ(odd.page(3),
+            "\n" +
+                call("%s              |          0|    2|Callee pattern not matched with listed digitmap\n",
+                     "call in  |\xff                   |-                   |x                   \n") +
+                call("1234567890123456|  123456789| 1000|unknow reason\n",
+                     "         |12345678901234567890|tttttttttttttttttttt|-                   \n"));
+  EXPECT_EQ(odd.requests, Strings{"get calllog\n\n"});
+  for (const string none : {"0", "-1", "", "many"}) {
+    EXPECT_EQ(DaemonDesk({none, record}).page(3), "\n");
+  }
+  for (const string& bad : {string("0|1|2|3|4|1008|6"), string("0|1||3|4|1008|6|0"), record + "|9",
+                            string("0|1|2|3|4\0|1008|6|0", 19), bars}) {
+    EXPECT_EQ(DaemonDesk({"3", record, bad, record}).page(3), "\n" + shown) << bad;
+  }
+  EXPECT_EQ(DaemonDesk({"99999999999999999999", record, record}).page(3), "{silence 5}\n" + shown + shown);
+  Strings many(500, record);
+  many[0] = "100000";
+  EXPECT_EQ(DaemonDesk(many).page(3).size(), 1 + 100 * shown.size());
+  EXPECT_EQ(DaemonDesk().page(3), "{silence 5}\n");  // nothing of an earlier visit is left
+}
+
+}  // namespace
+}  // namespace tests

@@ -40,7 +40,8 @@ string column(string& row, std::string_view separator = " |") {
 // What kinds of address accept, and refuse.
 const std::map<string, string> kinds = {
     {"ip", R"(1.0.0.0 255.255.255.255 001..02.3>1.0.2.3 .1.2.>0.1.2.0 !
-0.0.0.0 192.168.0 1.2.3.4.5 1.2.3.0256 1.2.3.256 1.2.3.x 1.2.3.4- -1.2.3.4 1,2,3,4)"},
+0.0.0.0 192.168.0 1.2.3.4.5 1.2.3.0256 1.2.3.256 1.2.3.x 1.2.3.4- -1.2.3.4 1,2,3,4 )" +
+               string("1.2.3.4\0", 8)},
     {"mask", R"(128.0.0.0 255.255.255.255 255.255.128.0 255.255.255.254 ! 0.0.0.0 255.0.255.0 255.255.255.1
 0.255.255.255 255.254.128.0 253.0.0.0 255.255.0.255 128.128.0.0 255.x)"},
     {"mac", R"(00:11:22:AA:bb:cF ff:FF:09:90:af:fa 00:00:00:00:00:00 ! 00-11-22-33-44-55 0:11:22:33:44:55
@@ -52,7 +53,7 @@ string range_words(std::uint64_t low, std::uint64_t high) {
   const string lowest = std::to_string(low), highest = std::to_string(high);
   return lowest + " " + highest + " 0" + lowest + ">" + lowest + " ! " + highest + "x -" + highest + " +" +
          highest + " " + std::to_string(high + 1) + " " + std::to_string((std::uint64_t{1} << 32) + low) +
-         " " + (low > 0 ? std::to_string(low - 1) : "-1");
+         " " + (low > 0 ? std::to_string(low - 1) : "-1") + " " + highest + string("\0 x\0", 4);
 }
 
 string text_words(const string& kind, std::size_t longest) {

@@ -141,7 +141,7 @@ dhcp_server_enable=1 dhcp_start_ip=192.168.0.100 dhcp_end_ip=192.168.0.200
 + - | Add new rule or Modify old rule ?(0:Add New, 1:Modify): | 0..1 as 00 required -> &select
 ~ - | Add new rule or Modify old rule ?(0:Add New, 1:Modify): | 0..1 as 01 required -> &select
 ~ - | What item do you want to configure? (0-31): | 0..31 as 00 required ! 1 -> &select | &list
-~ - | Del or Edit ? (0:Delete, 1:Edit): | 1 1x required ! 2 x -1 -> &select | &keep
+~ - | Del or Edit ? (0:Delete, 1:Edit): | 1 1x required ! 2 10 x -1 -> &select | &keep
 enable=1 | Enable this rule?<$>(0:Disable, 1:Enable): | [01] firm enter>0
 + ip= | IP?<$>: | 192.168.0.101 192.168.0.200 ! 192.168.0.100 192.168.0.201 192.168.0.99 0.0.0.0 x
 ~ ip=192.168.0.150 | IP?<$>: | ip

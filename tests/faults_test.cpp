@@ -44,12 +44,14 @@ TEST(Corpus, HasASessionForEveryMenuItem) {
 }
 
 TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
+  std::size_t faults = 0;
   for (const auto& [name, input] : corpus()) {
     Device clean, untouched;
     EXPECT_EQ(fuzz::play(clean, input), "") << name;
     const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
     EXPECT_TRUE(is_whole || !clean.failing.empty() || std::isdigit(name[0]) == 0) << name << clean.transcript;
     fuzz::set_up(untouched, input);
+    faults += clean.chances;
     for (std::size_t fault = 1; fault <= clean.chances; ++fault) {
       Device device;
       device.fault = fault;
@@ -66,6 +68,7 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
           << device.transcript;
     }
   }
+  RecordProperty("faults", std::to_string(faults));
 }
 
 }  // namespace

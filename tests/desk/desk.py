@@ -61,10 +61,6 @@ class Desk:
         assert done.returncode == 0, done.stderr
         return done.stdout
 
-    def street(self, *command):
-        """What a program outside the device prints, at the other end of its wires."""
-        return self.run(*command, program="desk/street").stdout
-
     def up(self):
         """The device's first process outside, and how the device is isolated."""
         return (self.state / "up").read_text().split()[:2]

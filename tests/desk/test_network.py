@@ -14,8 +14,8 @@ def lease(desk, tmp_path):
     told.chmod(0o755)
 
     def ask(mac, tries="4"):
-        desk.street("ip", "link", "set", "lan0", "address", mac)
-        return desk.street("busybox", "udhcpc", "-i", "lan0", "-fqn", "-t", tries, "-T", "1", "-s", told).split()
+        script = f"ip link set lan0 address {mac} && exec busybox udhcpc -i lan0 -fqn -t {tries} -T 1 -s {told}"
+        return desk.run("sh", "-c", script, program="desk/street").stdout.split()
     return ask
 
 

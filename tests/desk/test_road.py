@@ -66,10 +66,7 @@ def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
                        "/usr/sbin/console", "--version")
     child.expect("Username:")
     assert child.before == ""  # it takes no arguments
-    for line in ("admin", "admin", "2", "0", *14 * [""], "q"):
-        child.sendline(line)
-        child.expect(r"[:#]$")
-    child.sendline("q")
+    child.send("admin\nadmin\n2\n0\n" + 14 * "\n" + "q\nq\n")
     child.expect(pexpect.EOF)
     calls = (tmp_path / "calls").read_text()
     process, trace = re.search(r'^(\d+) +execve\("/usr/sbin/console"(.*)', calls, re.M | re.S).groups()

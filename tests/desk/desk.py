@@ -40,9 +40,9 @@ class Desk:
         child.expect("5:Status.*" + PROMPT)
         return child
 
-    def choose(self, child, *lines):
-        """A menu item with its answers, from the main menu and back to it: what was shown for it."""
-        child.send("\n".join([*lines, ""]))
+    def choose(self, child, visit):
+        """SUBMENU/ITEM/ANSWERS..., from the main menu and back to it: what was shown for it."""
+        child.send(visit.replace("/", "\n") + "\n")
         child.expect(PROMPT)
         child.expect(PROMPT)
         shown = child.before

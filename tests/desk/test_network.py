@@ -24,13 +24,13 @@ def test_dhcp_clients_get_what_is_stored_for_them(desk, lease):
     if not desk.owns_network():
         pytest.skip("Without namespaces the desk has no network of its own.")
     assert re.fullmatch(r"192\.168\.1\.1\d\d", lease("02:00:00:00:00:05")[0])
-    desk.choose(child, "0", "2", "0", "", "192.168.1.40", "192.168.1.49", "6")
+    desk.choose(child, "0/2/0//192.168.1.40/192.168.1.49/6")
     given = lease("02:00:00:00:00:06")
     assert re.fullmatch(r"192\.168\.1\.4\d", given[0]) and given[4] == "604800"
     for enable, ip, mac in ("1", "192.168.1.44", "02:00:00:00:00:07"), ("0", "192.168.1.45", "02:00:00:00:00:08"):
-        desk.choose(child, "0", "2", "1", "0", enable, ip, mac, "$(reboot) static_lease")
+        desk.choose(child, f"0/2/1/0/{enable}/{ip}/{mac}/$(reboot) static_lease")
         assert (lease(mac)[0] == ip) == (enable == "1")
-    desk.choose(child, "0", "2", "0", "0", "", "", "")
+    desk.choose(child, "0/2/0/0///")
     assert lease("02:00:00:00:00:07", tries="1") == []
 
 
@@ -56,9 +56,9 @@ def test_a_new_lan_address_moves_port_and_pool_and_a_factory_reset_brings_the_ol
 
 def test_tools_get_what_was_typed_as_it_was_typed(desk):
     child = desk.log_in()
-    desk.choose(child, "4", "2", "1", "13", "time.example.net $(reboot)")
-    desk.choose(child, "4", "3", "1", "2", "me", "s3cret", "home.example.net")
-    desk.choose(child, "4", "2", "0", "", "2010", "", "", "", "", "")
+    desk.choose(child, "4/2/1/13/time.example.net $(reboot)")
+    desk.choose(child, "4/3/1/2/me/s3cret/home.example.net")
+    desk.choose(child, "4/2/0//2010/////")
     ping = desk.state / "root/bin/ping"
     ping.unlink()
     ping.write_text('#!/bin/sh\nlogger -t ping -- "$# $*"\nexit 1\n')

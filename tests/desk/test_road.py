@@ -13,11 +13,11 @@ import pytest
 def test_what_is_set_is_stored_and_served_and_survives_a_restart(desk):
     child = desk.log_in()
     watch = desk.spawn("tail", "-n", "+1", "-F", str(desk.state / "root/var/tmp/messages"))
-    assert "Setting Save!!" in desk.choose(child, "2", "0", "5071", *13 * [""])
+    assert "Setting Save!!" in desk.choose(child, "2/0/5071" + 13 * "/")
     assert desk.show("sip_port") == {"sip_port": "5071"}
     watch.expect("voice_daemon: serving SIP port 5060.*voice_daemon: serving SIP port 5071")
-    child.send("\n".join(("0", "0", "0", "", "", "1", "02:00:5e:00:00:99", "", "1400", "198.51.100.7",
-                          "255.255.255.128", "198.51.100.1", "198.51.100.53", "198.51.100.54", "")))
+    wan = "0/0/0///1/02:00:5e:00:00:99//1400/198.51.100.7/255.255.255.128/198.51.100.1/198.51.100.53/198.51.100.54/"
+    child.send(wan.replace("/", "\n"))
     child.expect("Device will be reboot, please wait 60 seconds and re-connect!!")
     child.expect("The desk restarted; ./run logs in again.")
     assert (child.read(), child.wait()) == ("\r\n", 0)

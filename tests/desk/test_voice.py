@@ -14,7 +14,7 @@ CALL = re.compile(r"\n\d+ *\| *(\d+)\| +([12])\|(.*)\r\n(?:.*\n){3}(?:dial out |
 def counters(desk, child, until):
     """Those of the line-state page, row by row, as soon as the page looks like that."""
     deadline = time.monotonic() + 20
-    while not re.search(until, page := desk.choose(child, "5", "2"), re.S):
+    while not re.search(until, page := desk.choose(child, "5/2"), re.S):
         assert time.monotonic() < deadline, page
         time.sleep(0.1)
     return [int(count) for count in re.findall(r"(?<=\|) +(\d+)(?=[|\r])", page)]
@@ -41,12 +41,12 @@ phone_book[3].phone_number=77
     more = counters(desk, child, r" 1  \|   0   \|[^\r]* [1-9]\d*\r")
     assert len(some) == 24 and all(more[i] > some[i] for i in range(4)) and more[0:6:2] == more[1:6:2]
     # The first phone had no other call yet, the second one that nobody answered.
-    assert CALL.findall(desk.choose(child, "5", "3"))[-1][:2] == ("0", "2")
+    assert CALL.findall(desk.choose(child, "5/3"))[-1][:2] == ("0", "2")
 
-    desk.choose(child, "2", "1", "", "0", "", *[""] * 16)  # line 0 is disabled, all of line 1 kept
+    desk.choose(child, "2/1//0/" + 16 * "/")  # line 0 is disabled, all of line 1 kept
     ended = counters(desk, child, r"\ndisabled +\|\w+ +\|disabled +\|registering ")
     assert ended[1:12:2] == [0] * 6 and ended[0] >= more[0]
-    reasons = [reason for _, phone, reason in CALL.findall(desk.choose(child, "5", "3")) if phone == "1"]
+    reasons = [reason for _, phone, reason in CALL.findall(desk.choose(child, "5/3")) if phone == "1"]
     assert "Service Unavailable" in reasons
     assert ": serving SIP port 5060, line 0 disabled, " + others.replace("?b", "") in desk.log()  # the prompt cut it
     assert "secret" not in desk.log()
@@ -72,10 +72,10 @@ def test_past_calls_are_shown_whether_the_desk_was_up_or_not(desk):
     child = desk.log_in()
     with open(desk.partition.with_name("6"), "ab") as file:
         file.write(b"1|5550000|0|0|0|1002|0\n\xff|1|1|1|1|1|1|1\n1||0|0|0|1002|0|0\n0|cut o")
-    assert len(CALL.findall(desk.choose(child, "5", "3"))) == 3
+    assert len(CALL.findall(desk.choose(child, "5/3"))) == 3
     assert desk.run("--calls", "1000").stderr == "The call log has 1000 past calls.\n"
     assert desk.partition.with_name("6").read_bytes().count(b"\n") == 1000
-    reasons = [reason for _, _, reason in CALL.findall(desk.choose(child, "5", "3"))]
+    reasons = [reason for _, _, reason in CALL.findall(desk.choose(child, "5/3"))]
     assert (len(reasons), len(set(reasons))) == (100, 36)
     assert {"Unknown error", "No codecs matching with remote end", "unknow reason"} <= set(reasons)
     for number in "1001", "-1", "x", "":

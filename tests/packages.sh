@@ -1,5 +1,6 @@
 #!/bin/bash
-# What a build installs and packs is complete and fit for use: tests/packages.sh BUILD_FOLDER ARCHITECTURE
+# What a build installs and packs is complete, fit for use, and not too big for its place in a device's storage:
+# tests/packages.sh BUILD_FOLDER ARCHITECTURE TEXT FILE, with the console's budgets in bytes.
 set -eu
 build=$1 architecture=$2
 work=$(mktemp -d)
@@ -21,16 +22,20 @@ LIST
 mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8"
 
 program=$work/packed/usr/sbin/console
-file=$(readelf -h "$program" | sed -n 's/ *Machine: *//p')
-echo "$architecture: $file, $(strings "$program" | grep -E '^console [0-9]+\.[0-9]+( \(.+\))?$')"
-[ "$architecture" != armhf ] || [ "$file" = ARM ]
-promised=$(dpkg-deb -f "$work"/ntx4830-console_*.deb Depends)
+strings "$program" | grep -E '^console [0-9]+\.[0-9]+( \(.+\))?$'
+[ "$architecture" != armhf ] || readelf -h "$program" | grep "Machine: *ARM"
+promised=$(dpkg-deb -f "$work"/ntx4830-console_*.deb Depends | grep -o '[0-9.]*)')
 needed=$(objdump -T "$program" | grep -o 'GLIBC_[0-9.]*' | sort -Vu | tail -n 1)
-echo "needs $needed, and depends on $promised"
-[ "$(printf '%s\n' "${needed#GLIBC_}" "${promised//[^0-9.]/}" | sort -V | tail -n 1)" = "${promised//[^0-9.]/}" ]
+echo "needs $needed, and depends on ${promised%)}"
+dpkg --compare-versions "${needed#GLIBC_}" le "${promised%)}"
+read -r text _ < <(size "$program" | tail -n 1)
+file=$(stat -c %s "$program")
+echo "$text bytes of text, budget $3; $file bytes of file, budget $4"
+[ "$text" -le "$3" ]
+[ "$file" -le "$4" ]
 
 # Another program of the device needs the headers and nothing else.
-cat >"$work/neighbour.cpp" <<'SOURCE'
+g++ -std=c++20 -Wall -Wextra -Werror -I "$work/packed/usr/include/console" -o "$work/neighbour" -x c++ - <<'SOURCE'
 #include <config/login_record.h>
 #include <config/segment.h>
 
@@ -41,5 +46,4 @@ int main() {
   return sizeof settings == 59976 && settings.sip.sip_host_name.view().size() == 39 ? 0 : 1;
 }
 SOURCE
-g++ -std=c++20 -Wall -Wextra -Werror -I "$work/packed/usr/include/console" -o "$work/neighbour" "$work/neighbour.cpp"
 "$work/neighbour"

@@ -2,12 +2,8 @@
 import sys
 import xml.etree.ElementTree as ElementTree
 
-passed = failed = skipped = 0
-for case in ElementTree.parse(sys.argv[1]).iter("testcase"):
-    if case.find("failure") is not None or case.find("error") is not None:
-        failed += 1
-    elif case.find("skipped") is not None or case.get("result") == "skipped" or case.get("status") == "notrun":
-        skipped += 1
-    else:
-        passed += 1
-print(passed, failed, skipped)
+cases = ElementTree.parse(sys.argv[1]).iter("testcase")
+tests = [{case.get("status"), *(child.tag for child in case)} for case in cases]
+failed = sum(not test.isdisjoint({"failure", "error"}) for test in tests)
+passed = sum(test.isdisjoint({"failure", "error", "skipped", "notrun"}) for test in tests)
+print(passed, failed, len(tests) - passed - failed)

@@ -184,7 +184,7 @@ class Sheet {
     refuse_all({stored_});
     Desk before = stored_;
     for (const string& line : visits_) {
-      line.starts_with('=') ? set(before = stored_, line.substr(2)) : visit_as_told(before, line.substr(2));
+      line.starts_with('=') ? set(before = stored_, line.substr(2)) : visit_as_told(before, line.substr(1));
     }
     std::swap(meaning_["&list"], meaning_[meaning_["&wild"].empty() ? "&list" : "&wild"]);
     pass({wild}, {});
@@ -320,6 +320,7 @@ class Sheet {
   void visit_as_told(const Desk& before, string line) const {
     string answers = replaced(replaced(column(line), " ", ""), "_", " ");
     const string ending = column(line);
+    EXPECT_NE(ending, "") << answers;
     Road road{before};
     set(road.expected, line);
     do {

@@ -105,8 +105,6 @@ DNS 1 (Primary):1.1.1.1\nDNS 2 (Secondary):\nOther DNS: 1.1.1.1,1.1.1.1,1.1.1.1,
 
 // ---- The log ----
 
-const string snapshots[] = {"/var/tmp/messages.tmp", "/tmp/messages.tmp"};
-
 // "from\n" down or up to "to\n".
 string lines(int from, int to, const string& end = "\n") {
   return std::to_string(from) + end + (from == to ? "" : lines(from < to ? from + 1 : from - 1, to, end));
@@ -127,31 +125,24 @@ void hold_log(const string& visits, const std::map<string, string>& files, const
 }
 
 TEST(LogViewer, ShowsTheNewestFirstInPages) {
-  const string odd_line("a\0b %s%n\n", 9), full_line(507, 'x');
-  const string cases[][2] = {
-      {"> | &r&end |", "debug\na debug b\nnodebugging\n"},
-      {"> | &rdebu g\\ny\\nx\\n&end |", "x\nnodebugging\ny\ndebu g\n"},
-      {"> | &r" + lines(20, 1, "\\n") + "&end |", "debug\n" + lines(1, 20) + "debug\n"},
-      {"> qq/Q/ | &r" + lines(41, 22, "\\n") + "&asked" + lines(21, 2, "\\n") +
-           "&asked1\\n&end |\n"
-           "> /q/ | &r" +
-           lines(41, 22, "\\n") + "&asked" + lines(21, 2, "\\n") + "&askedq:Exit\\n |",
-       lines(1, 41)},
-      {"> | &r\xff no end" + odd_line + "&end |", odd_line + "\n\xff no end"},
-      {"> | &rug\\n" + full_line + "deb&end |", full_line + "debug\n"}};  // read in pieces of 510
-  for (const auto& [visits, log] : cases) {
-    hold_log(visits, {{snapshots[0], log}});
-  }
+  using namespace std::string_literals;
+  const string newest = "&r" + lines(41, 22, "\\n") + "&asked" + lines(21, 2, "\\n") + "&asked";
+  hold_log("> | &r&end |", {{"/tmp/messages.tmp", "debug\na debug b\nnodebugging\n"}});
+  hold_log("> | &r" + lines(20, 1, "\\n") + "&end |", {{"/tmp/messages.tmp", lines(1, 20) + "debug\n"}});
+  hold_log("> qq/Q/ | " + newest + "1\\n&end |\n> /q/ | " + newest + "q:Exit\\n |",
+           {{"/tmp/messages.tmp", lines(1, 41)}});
+  const string long_line = string(507, 'x') + "debug\n";  // read in pieces of 510
+  hold_log("> | &r\xff no endug\\nx*507debdebu g\\na\0b %s%n\\n&end |"s,
+           {{"/tmp/messages.tmp", "a\0b %s%n\ndebu g\n"s + long_line + "\xff no end"}});
 }
 
 TEST(LogViewer, FindsItsSnapshotUnderEitherNameOrMakesIt) {
-  const std::map<string, string> log = {{"/var/tmp/messages", "the log\n"}};
-  for (const string& name : snapshots) {
+  for (const string name : {"/var/tmp/messages.tmp", "/tmp/messages.tmp"}) {
     hold_log("> | &rthere\\n&end |", {{name, "there\n"}});
-    hold_log("> | &made&rhere\\n&end |", log, name);
+    hold_log("> | &made&rhere\\n&end |", {{"/var/tmp/messages", ""}}, name);
   }
   hold_log("> | can't read log file\\n |", {});
-  hold_log("> | &madecan't read log file\\n |", log);
+  hold_log("> | &madecan't read log file\\n |", {{"/var/tmp/messages", ""}});
 }
 
 // ---- The voice daemon: the client by itself, and the two pages that ask through it ----

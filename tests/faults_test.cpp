@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
+#include <set>
 
 #include "input.h"
 #include "promises.h"
@@ -15,37 +15,19 @@
 namespace tests {
 namespace {
 
-std::map<std::string, std::string> corpus() {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : std::filesystem::directory_iterator(CORPUS_FOLDER)) {
-    std::ifstream file(entry.path(), std::ios::binary);
-    files[entry.path().filename()] = {std::istreambuf_iterator<char>(file), {}};
-  }
-  return files;
-}
-
 // One dialogue, named by submenu and item, that writes all of its settings at once.
 bool is_single(const std::string& name) {
   return std::isdigit(name[0]) != 0 && !name.starts_with("3-7") && !name.starts_with("3-8") &&
          !name.starts_with("4-2") && !name.ends_with("-cut");
 }
 
-TEST(Corpus, HasASessionForEveryMenuItem) {
-  const auto files = corpus();
-  for (std::size_t submenu = 0; submenu < menus.size(); ++submenu) {
-    for (std::size_t item = 0; item < shell::Submenu::slots; ++item) {
-      const std::string prefix = std::to_string(submenu) + "-" + std::to_string(item) + "-";
-      const auto found = files.lower_bound(prefix);
-      EXPECT_TRUE(menus[submenu]->handler(item) == nullptr ||
-                  (found != files.end() && found->first.starts_with(prefix)))
-          << prefix;
-    }
-  }
-}
-
 TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
   std::size_t faults = 0;
-  for (const auto& [name, input] : corpus()) {
+  std::set<std::string> items;  // "submenu-item"
+  for (const auto& entry : std::filesystem::directory_iterator(CORPUS_FOLDER)) {
+    std::ifstream file(entry.path(), std::ios::binary);
+    const std::string name = entry.path().filename(), input(std::istreambuf_iterator<char>(file), {});
+    items.insert(name.substr(0, name.find('-', 2)));
     Device clean, untouched;
     EXPECT_EQ(fuzz::play(clean, input), "") << name;
     const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
@@ -69,6 +51,12 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
     }
   }
   RecordProperty("faults", std::to_string(faults));
+  for (std::size_t i = 0; i < menus.size() * shell::Submenu::slots; ++i) {
+    const std::size_t submenu = i / shell::Submenu::slots, item = i % shell::Submenu::slots;
+    const std::string name = std::to_string(submenu) + "-" + std::to_string(item);
+    EXPECT_TRUE(menus[submenu]->handler(item) == nullptr || items.count(name) > 0)
+        << name << " has no session";
+  }
 }
 
 }  // namespace

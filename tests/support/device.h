@@ -18,6 +18,8 @@
 
 namespace tests {
 
+using Strings = std::vector<std::string>;
+
 struct Device {
   config::LoginRecord login{};
   config::ConfigurationSegment settings{};
@@ -29,7 +31,7 @@ struct Device {
   // What is typed, in the pieces in which it arrives; after the last one the connection is closed.
   std::deque<std::string> input;
   // Called whenever the console waits for input, before the piece is handed over; counts from 0.
-  std::function<void(std::size_t wait)> on_wait;
+  std::function<void(std::size_t wait)> on_wait = [](std::size_t) {};
 
   // All output, with "{...}" for everything else the console does, in order.
   std::string transcript;
@@ -39,14 +41,12 @@ struct Device {
   // What commands print, by command line; a command that is not here prints nothing.
   std::map<std::string, std::string> command_output;
   // Called for each command line run through the shell.
-  std::function<void(const std::string& command)> on_command;
+  std::function<void(const std::string& command)> on_command = [](const std::string&) {};
   std::map<std::string, int> program_status;  // by path; 0 when it is not here
   std::map<std::string, std::string> files;
-  // What was sent to the voice daemon, and what it answers to each datagram.
-  std::vector<std::string> requests;
-  std::function<std::vector<std::string>(const std::string& request)> on_datagram;
-  // How many receive calls fail, a second each, before datagrams come through.
-  int refused_receives = 0;
+  // What was sent to the voice daemon, and what it answers to each; "refused" is an error to collect.
+  Strings requests;
+  std::function<Strings(const std::string& request)> on_datagram = [](const auto&) { return Strings(); };
 
   // The settings as they were when they were last saved.
   std::optional<config::ConfigurationSegment> saved;

@@ -19,17 +19,21 @@ Device* current = nullptr;
 std::jmp_buf exit_point;
 
 struct OpenFile {
-  string path, content = {};
-  std::size_t position = 0;
+  string path, content = {}, rest = content;
 };
-constexpr int first_descriptor = 100;
-constexpr int socket_descriptor = 50;
 std::map<int, OpenFile> open_files;
+constexpr int socket_descriptor = 50;
 std::deque<string> datagrams;
 
 // What was shown before a program is started, or the device waits, has to be out by then.
 void note(const string& event) {
   current->transcript += "{" + event + "}";
+}
+
+std::ptrdiff_t take(string& from, std::span<char> into) {
+  const std::size_t taken = from.copy(into.data(), into.size());
+  from.erase(0, taken);
+  return static_cast<std::ptrdiff_t>(taken);
 }
 
 // In which of its ways this call fails, from 1; 0 when it does not.
@@ -48,11 +52,9 @@ int result(const string& call, int error) {
 }
 
 int open_file(const OpenFile& file) {
-  int descriptor = first_descriptor;
-  while (!open_files.emplace(descriptor, file).second) {
-    ++descriptor;
-  }
   ++current->open_descriptors;
+  const int descriptor = open_files.empty() ? 100 : open_files.rbegin()->first + 1;
+  open_files.emplace(descriptor, file);
   return descriptor;
 }
 
@@ -87,19 +89,15 @@ void ignore_terminal_signals() {}
 
 std::size_t read_input(std::span<char> into) {
   current->waits.push_back(current->transcript.size());
-  if (current->on_wait) {
-    current->on_wait(current->waits.size() - 1);
-  }
+  current->on_wait(current->waits.size() - 1);
   if (failure("input") != 0 || current->input.empty()) {
     return 0;
   }
-  string& piece = current->input.front();
-  const std::size_t taken = piece.copy(into.data(), into.size());
-  piece.erase(0, taken);
-  if (piece.empty()) {
+  const std::ptrdiff_t taken = take(current->input.front(), into);
+  if (current->input.front().empty()) {
     current->input.pop_front();
   }
-  return taken;
+  return static_cast<std::size_t>(taken);
 }
 
 bool write_output(std::string_view bytes) {
@@ -109,7 +107,7 @@ bool write_output(std::string_view bytes) {
 }
 
 void report_error(const char* label, int error) {
-  current->transcript += string("{") + label + ": " + std::strerror(error) + "}";
+  note(string(label) + ": " + std::strerror(error));
 }
 
 void exit_process(int status) {
@@ -125,16 +123,15 @@ Attachment attach_segment(std::int32_t key, std::size_t size) {
     return {Attachment::Outcome::not_attached, EINVAL, nullptr};
   }
   ++current->attached_segments;
-  void* memory = &current->voice_change;
   if (key == config::LoginRecord::key && size == sizeof current->login) {
-    memory = &current->login;
-  } else if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
-    memory = &current->settings;
-  } else {
-    shell::flush_output();  // of no consequence to the flag, but the order shows
-    note(name);
+    return {Attachment::Outcome::attached, 0, &current->login};
   }
-  return {Attachment::Outcome::attached, 0, memory};
+  if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
+    return {Attachment::Outcome::attached, 0, &current->settings};
+  }
+  shell::flush_output();  // of no consequence to the flag, but the order shows
+  note(name);
+  return {Attachment::Outcome::attached, 0, &current->voice_change};
 }
 
 void detach_segment(void* memory) {
@@ -162,18 +159,15 @@ void run_shell_command(const char* command) {
   if (std::strcmp(command, "/opt/httpd/sbin/web_server dumpshare") == 0) {
     current->saved = current->settings;
   }
-  if (current->on_command) {
-    current->on_command(command);
-  }
+  current->on_command(command);
 }
 
 CommandStream open_command(const char* command) {
+  note(command);
   if (failure(string("start ") + command) != 0) {
     return {-1, -1};
   }
-  if (current->on_command) {
-    current->on_command(command);
-  }
+  current->on_command(command);
   const int descriptor = open_file({command, current->command_output[command]});
   return {descriptor, descriptor};
 }
@@ -217,9 +211,7 @@ std::ptrdiff_t read_some(int descriptor, std::span<char> into) {
   if (failure("read " + file.path) != 0) {
     return -EIO;
   }
-  const std::size_t taken = file.content.copy(into.data(), into.size(), file.position);
-  file.position += taken;
-  return static_cast<std::ptrdiff_t>(taken);
+  return take(file.rest, into);
 }
 
 int write_all(int descriptor, std::string_view bytes) {
@@ -232,7 +224,7 @@ int write_all(int descriptor, std::string_view bytes) {
 int rewind_file(int descriptor) {
   OpenFile& file = open_files.at(descriptor);
   const int failed = result("rewind " + file.path, EIO);
-  file.position = failed == 0 ? 0 : file.position;
+  file.rest = failed == 0 ? file.content : file.rest;
   return failed;
 }
 
@@ -261,12 +253,9 @@ int bind_udp_to_any(int /*socket*/) {
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
-  const int failed = result("udp connect", ENETUNREACH);
-  if (failed == 0) {
-    note("udp " + std::to_string(address & 255) + "..." + std::to_string(address >> 24) + ":" +
-         std::to_string(port));
-  }
-  return failed;
+  const string first = std::to_string(address & 255), last = std::to_string(address >> 24);
+  note("udp " + first + "..." + last + ":" + std::to_string(port));
+  return result("udp connect", ENETUNREACH);
 }
 
 std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
@@ -274,22 +263,18 @@ std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
     return failed == 1 ? -ECONNREFUSED : static_cast<std::ptrdiff_t>(bytes.size() - 1);
   }
   current->requests.emplace_back(bytes);
-  if (current->on_datagram) {
-    std::ranges::copy(current->on_datagram(string(bytes)), std::back_inserter(datagrams));
-  }
+  std::ranges::copy(current->on_datagram(string(bytes)), std::back_inserter(datagrams));
   return static_cast<std::ptrdiff_t>(bytes.size());
 }
 
 std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
-  const bool refused = current->refused_receives > 0;
-  current->refused_receives -= refused ? 1 : 0;
-  if (failure("udp receive") != 0 || refused || datagrams.empty()) {
-    ++current->clock;  // a refused datagram comes back at once, yet the deadline has to come closer
+  string datagram = datagrams.at(0);  // without one the device would wait here for ever
+  datagrams.pop_front();
+  if (failure("udp receive") != 0 || datagram == "refused") {
+    ++current->clock;  // comes back at once, yet the deadline has to come closer
     return -ECONNREFUSED;
   }
-  const std::size_t taken = datagrams.front().copy(into.data(), into.size());
-  datagrams.pop_front();
-  return static_cast<std::ptrdiff_t>(taken);
+  return take(datagram, into);
 }
 
 int wait_readable(int /*socket*/, unsigned seconds) {
@@ -297,8 +282,7 @@ int wait_readable(int /*socket*/, unsigned seconds) {
   if (failed == 1) {
     return -EBADF;
   }
-  const bool refuses = current->failing.count("udp receive") > 0 || current->refused_receives > 0;
-  if (failed == 2 || (datagrams.empty() && !refuses)) {
+  if (failed == 2 || datagrams.empty()) {
     note("silence " + std::to_string(seconds));
     current->clock += seconds;
     return 0;

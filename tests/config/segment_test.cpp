@@ -3,7 +3,6 @@
 #include <cstring>
 #include <fstream>
 #include <sstream>
-#include <vector>
 
 #include "config/field_table.h"
 
@@ -12,16 +11,12 @@ namespace {
 
 using std::string;
 
-TEST(FieldTable, CoversEveryByteOnceAndReadsBackWhatItWrites) {
-  std::vector<int> covered(sizeof(config::ConfigurationSegment));
+TEST(FieldTable, CoversEveryByteAndReadsBackWhatItWrites) {
   for (const int byte : {0x00, 0x31, 0x5c, 0xff}) {
     config::ConfigurationSegment from, to{};
     std::memset(&from, byte, sizeof from);
     for (const config::Field& field : config::field_table()) {
       for (std::size_t i = 0; i < field.count; ++i) {
-        for (std::size_t at = 0; at < field.width; ++at) {
-          ++covered[field.offset + i * field.stride + at];
-        }
         const auto found = config::find_field(config::field_name(field, i));
         ASSERT_TRUE(found && found->field == &field && found->index == i) << config::field_name(field, i);
         EXPECT_TRUE(config::set_field_value(field, i, config::field_value(field, i, from), to)) << field.name;
@@ -29,7 +24,6 @@ TEST(FieldTable, CoversEveryByteOnceAndReadsBackWhatItWrites) {
     }
     EXPECT_EQ(std::memcmp(&from, &to, sizeof from), 0) << byte;
   }
-  EXPECT_EQ(covered, std::vector<int>(covered.size(), 4));
 }
 
 TEST(FieldTable, RefusesValuesAndNamesThatAreNone) {

@@ -23,10 +23,9 @@ Desk::Desk() {
   login.idle_timeout = 300;
   set("admin_user_name", "admin").set("admin_password", "admin");
   for (const config::Field& field : config::field_table()) {
-    const bool marks_slot = field.name == "enable" || field.name == "screen_list";
-    for (std::size_t i = 0; i < field.count && (marks_slot || field.name == "dial_key"); ++i) {
-      config::field_bytes(field, i, settings)[0] =
-          marks_slot ? config::free_slot : config::PhoneBookEntry::no_dial_key;
+    const bool is_free = field.name == "enable" || field.name == "screen_list";
+    for (std::size_t i = 0; i < field.count && (is_free || field.name == "dial_key"); ++i) {
+      set(config::field_name(field, i), is_free ? "255" : "10");
     }
   }
 }
@@ -48,23 +47,16 @@ int run_session(Device& device, std::string_view input) {
   return run_to_exit([] { shell::run_console(menus); });
 }
 
-Visit visit(Device& device, int submenu, int item, std::string_view answers) {
-  const config::ConfigurationSegment before = device.settings;
+std::string visit(Device& device, int submenu, int item, std::string_view answers) {
   const std::string path = std::to_string(submenu) + "\n" + std::to_string(item) + "\n";
   run_session(device, "admin\nadmin\n" + path + std::string(answers));
-  if (device.waits.size() < 4) {
-    return {"did not get to the submenu: " + device.transcript, ""};
-  }
-  const std::string menu =
-      device.transcript.substr(device.waits[2], device.waits[3] - device.waits[2]) + "Bye Bye!!\n";
-  Visit visit{device.transcript.substr(device.waits[3]), differences(before, device.settings)};
-  if (visit.shown.ends_with(menu)) {
-    visit.shown.erase(visit.shown.size() - menu.size());
-  }
+  const std::size_t submenu_shown = device.waits.at(2), begin = device.waits.at(3);
+  const std::string menu = device.transcript.substr(submenu_shown, begin - submenu_shown) + "Bye Bye!!\n";
+  const std::string shown = device.transcript.substr(begin);
   EXPECT_EQ(device.open_descriptors + device.attached_segments, 0);
   EXPECT_EQ(differences(device.saved.value_or(device.settings), device.settings), "")
       << "changed after it was saved";
-  return visit;
+  return shown.substr(0, shown.size() - (shown.ends_with(menu) ? menu.size() : 0));
 }
 
 std::string differences(const config::ConfigurationSegment& before,

@@ -22,18 +22,11 @@ struct Desk : Device {
 // Runs the console over the whole input, to its end, and returns the exit status.
 int run_session(Device& device, std::string_view input);
 
-struct Visit {
-  // From the item's first prompt on, commands and the like as "{...}", up to the submenu that is shown again.
-  // Ends with "Bye Bye!!\n" when the console did not get back to it.
-  std::string shown;
-  // The differences() that it made.
-  std::string changed;
-};
-
 // Logs in, opens the submenu and the item, types the answers (each ended by "\n") and closes the connection.
 // Holds the visit to what is true of every dialogue: nothing is left open, and what was saved is what is
-// stored.
-Visit visit(Device& device, int submenu, int item, std::string_view answers);
+// stored. Returns what is shown from the item's first prompt on, commands and the like as "{...}", up to the
+// submenu that is shown again; it ends with "Bye Bye!!\n" when the console did not get back to it.
+std::string visit(Device& device, int submenu, int item, std::string_view answers);
 
 // "name=value" of every element that differs, separated by blanks; in reserved ranges and behind a NUL as
 // well.

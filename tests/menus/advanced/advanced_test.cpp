@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "menus/advanced/schedule.h"
 #include "support/sheet.h"
 
 namespace tests {
@@ -97,9 +96,11 @@ start_hour=8 | Start Time Hour?<$>(0~23): | 0..23
 start_minute=5 | Start Time Minute?<$>(00,05,10,15,20,25,30,35,40,45,50,55): | 0..55 ! 7 60
 end_hour=17 | End Time Hour?<$>(0~23): | 0..23
 end_minute=30 | End Time Minute?<$>(00,05,10,15,20,25,30,35,40,45,50,55): | 0..55 ! 7 60
-- | Start Day?<5>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat): | 0..6
-week_mask=1100011 | End Day?<1>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat): \
-| 0>1000000 6>0000001 5>1111110 firm ! 7 Mon
+&days=(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):
++ - | Start Day?<0>&days | 0..6
+~ - | Start Day?<5>&days | 0..6
++ week_mask= | End Day?<0>&days | 0>1000000 6>0000001 5>1111110 ! 7 Mon
+~ week_mask=1100011 | End Day?<1>&days | 0>1000000 6>0000001 5>1111110 firm ! 7 Mon
 )";
 const string column = R"(By Schedule,8:05-17:30,Fri-Mon\n)",
              wild_column = R"(By Schedule,255:255-255:255,Fri-Mon\n)";
@@ -120,10 +121,13 @@ public_port=8080 | Public Port?<$>(1~65535): | 1..65535
               R"(= private_ip=0.0.0.0
 > 1/3/1/// | Private IP?<0.0.0.0>:&illegal |
 = week_mask=1111111 schedule_mode=200
-> 1/3/1/ /*12 | Start Day?<7>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):\
-End Day?<7>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):&ending | week_mask=0000000
+> 1/3/1/ /*12 | Start Day?<7>&daysEnd Day?<7>&days&ending | week_mask=0000000
+> 1/3/1/ /*11 3/ | &ending | week_mask=1111000
+> 1/3/1/ /*10 3// | &ending |
 > 1/3/1/ /*5 0/ | Schedule?<200>(0:Always, 1:By Schedule):&ending | schedule_mode=0 start_hour=0 start_minute=0 \
 end_hour=0 end_minute=0 week_mask=1000000
+= week_mask=10110x1
+> 1/3/1/ /*12 | Start Day?<2>&daysEnd Day?<0>&days&ending | week_mask=1011111
 = virtual_server_table[0].enable=0 virtual_server_table[2].enable=1 virtual_server_table[31].enable=1
 > 1/0/0/ | &ending | virtual_server_table[0].enable=255
 > 1/31/0/ | &ending | virtual_server_table[31].enable=255
@@ -240,15 +244,6 @@ TEST(Advanced, RuleSummary) {
 7:Firewall Rule List\n\nSelect a list?(0~7):&select |
 > 7/ | Select a list?(0~7):\n&list\n |
 )");
-}
-
-TEST(Schedules, MasksOfSeveralRunsOrNone) {
-  using namespace menus::advanced;
-  EXPECT_EQ(build_week_mask(1, 5), (WeekMask{'0', '1', '1', '1', '1', '1', '0'}));
-  EXPECT_EQ(build_week_mask(7, 3), (WeekMask{'1', '1', '1', '1', '0', '0', '0'}));
-  EXPECT_EQ(build_week_mask(3, 7), (WeekMask{'1', '1', '1', '1', '1', '1', '1'}));
-  const DayRun days = week_mask_bounds({'1', '0', '1', '1', '0', 'x', '1'});
-  EXPECT_TRUE(days.start_day == 2 && days.end_day == 0);
 }
 
 }  // namespace

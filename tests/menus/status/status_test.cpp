@@ -155,9 +155,9 @@ struct DaemonDesk : Desk {
     on_datagram = [replies](const string& /*request*/) { return replies; };
   }
   string page(int item) {
-    const Visit seen = visit(*this, 5, item, "");
-    EXPECT_TRUE(seen.changed.empty() && seen.shown.starts_with("{udp 127...1:8118}"));
-    return seen.shown.substr(seen.shown.find('}') + 1);
+    const string seen = visit(*this, 5, item, ""), asked = "{udp 127...1:8118}";
+    EXPECT_TRUE(seen.starts_with(asked) && differences(Desk().settings, settings).empty());
+    return replaced(seen, asked, "");
   }
 };
 

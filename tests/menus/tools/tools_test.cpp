@@ -5,6 +5,8 @@
 namespace tests {
 namespace {
 
+using std::string;
+
 // Mode and zone are stored at once, so that these are no questions of a sheet.
 TEST(Tools, DayAndTime) {
   Desk desk;
@@ -66,19 +68,19 @@ ddns_host=h.example | Host?<$>: | text 127
 }
 
 TEST(Tools, TheNestedMenuAndPing) {
-  const std::string nested = "== system: 4 4 kind\n&ending=[4830NT]#\n";
+  const string nested = "== system: 4 4 kind\n&ending=[4830NT]#\n";
   hold(nested + R"(> 2/abc/4294967296/00///|2/abc/4294967296/00//q/|2/abc/4294967296/00//quit/ \
 | 0:Ping command\n1:Factory Default\n&ending&ending&ending&endingPING Destination : &ending |
 > 1/Yes//|01/YES//|1/y//|1/// | &endingFactory Default Setting:\n\
 Set defice configuration to Factory default setting? <yes>/<NO>&ending |
 )");
-  const char* const results[][2] = {{"0", "PING Success."},
-                                    {"1", "Request timed out."},
-                                    {"130", "Request timed out."},
-                                    {"255", "Error: ping broken!"}};
+  const std::map<int, string> results = {{0, "PING Success."},
+                                         {1, "Request timed out."},
+                                         {130, "Request timed out."},
+                                         {255, "Error: ping broken!"}};
   for (const auto& [status, result] : results) {
     Desk desk;
-    desk.program_status["/bin/ping"] = std::stoi(status);
+    desk.program_status["/bin/ping"] = status;
     hold(nested +
              "> 0/q;`reboot`_-x\"// | ]#PING Destination : {/bin/ping [ping] [-c] [1] [q;`reboot` -x\"]}" +
              result + "\\n&ending |",
@@ -87,11 +89,11 @@ Set defice configuration to Factory default setting? <yes>/<NO>&ending |
 }
 
 TEST(Tools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
-  const std::string defaults = "/opt/webctrl/meta/metafile.dat.default", partition = "/dev/mtdblock/5";
-  const std::string x(504, 'x'), menu = "\n[4830NT]#";
-  const std::string done = "System reboot ...\n{sync}{sleep 1}{setsid /sbin/bbreboot [bbreboot]}Bye Bye!!\n";
+  const string defaults = "/opt/webctrl/meta/metafile.dat.default", partition = "/dev/mtdblock/5";
+  const string x(504, 'x'), menu = "\n[4830NT]#";
+  const string done = "System reboot ...\n{sync}{sleep 1}{setsid /sbin/bbreboot [bbreboot]}Bye Bye!!\n";
   const struct {
-    std::string content, failing, ending, written;
+    string content, failing, ending, written;
   } cases[] = {
       {"a=1\nb#ver.2\nlast", "", done, "a=1\nlast"},
       // In pieces of 510 characters, the marker is behind the first one, across both, or within it.
@@ -110,10 +112,10 @@ TEST(Tools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
     Desk desk;
     desk.files = {{defaults, reset.content}, {partition, "old"}};
     desk.failing = {reset.failing};
-    const Visit seen = visit(desk, 4, 4, "1\nyesterday\n\n");
-    EXPECT_TRUE(seen.shown.ends_with("<yes>/<NO>" + reset.ending)) << seen.shown;
+    const string seen = visit(desk, 4, 4, "1\nyesterday\n\n");
+    EXPECT_TRUE(seen.ends_with("<yes>/<NO>" + reset.ending)) << seen;
     EXPECT_EQ(desk.files[partition], reset.written);
-    EXPECT_TRUE(seen.changed.empty() && !desk.saved);
+    EXPECT_TRUE(differences(Desk().settings, desk.settings).empty() && !desk.saved);
   }
 }
 

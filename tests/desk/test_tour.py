@@ -91,7 +91,9 @@ def memory(desk, program, lines, until):
         rounds.append([int(re.search(field + r":\s+(\d+)", status)[1]) for field in ("VmHWM", "RssAnon")])
         child.sendeof()
         child.read()
-    return [statistics.median(column) for column in zip(*rounds)]
+    peak, own = [statistics.median(column) for column in zip(*rounds)]
+    print(f"\n{program} that has shown {until!r}: at most {peak} KiB of memory, {own} KiB its own")
+    return peak, own
 
 
 def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(desk):

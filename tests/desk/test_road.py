@@ -87,6 +87,6 @@ def test_killing_the_session_leaves_nothing_behind(desk):
         child.kill(end)
         child.expect(pexpect.EOF)
         desk.end()
-        left = psutil.wait_procs(processes, timeout=0)[1]
+        left = psutil.wait_procs(processes, timeout=5)[1]
         assert [process for process in left if process.status() != psutil.STATUS_ZOMBIE] == []
     assert traces() == before

@@ -22,6 +22,7 @@ bool is_single(const std::string& name) {
 }
 
 TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
+  std::size_t faults = 0;
   std::set<std::string> items;  // "submenu-item"
   for (const auto& entry : std::filesystem::directory_iterator(CORPUS_FOLDER)) {
     std::ifstream file(entry.path(), std::ios::binary);
@@ -32,6 +33,7 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
     const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
     EXPECT_TRUE(is_whole || !clean.failing.empty() || std::isdigit(name[0]) == 0) << name << clean.transcript;
     fuzz::set_up(untouched, input);
+    faults += clean.chances;
     for (std::size_t fault = 1; fault <= clean.chances; ++fault) {
       Device device;
       device.fault = fault;
@@ -48,6 +50,7 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
           << device.transcript;
     }
   }
+  RecordProperty("faults", std::to_string(faults));
   for (std::size_t i = 0; i < menus.size() * shell::Submenu::slots; ++i) {
     const std::size_t submenu = i / shell::Submenu::slots, item = i % shell::Submenu::slots;
     const std::string name = std::to_string(submenu) + "-" + std::to_string(item);

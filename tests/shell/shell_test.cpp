@@ -22,13 +22,12 @@ const string main_menu =
     menu("0:Basic Network Setting,1:Advanced Network Setting,2:SIP setting,3:VoIP Setting,4:Tools,5:Status");
 const string submenus[] = {
     menu("0:Wan Setting,1:Lan Setting,2:DHCP setting"),
-    menu("0:NAT Setting,1:Virtual Server Setting,2:Application Setting,3:UPNP Setting,4:Static Route "
-         "Setting,5:MAC Filter,"
-         "6:IP Filter,7:URL Filter,8:Domain Filter,9:Firewall Setting,10:Rule Summary"),
+    menu(R"(0:NAT Setting,1:Virtual Server Setting,2:Application Setting,3:UPNP Setting,4:Static Route Setting
+5:MAC Filter,6:IP Filter,7:URL Filter,8:Domain Filter,9:Firewall Setting,10:Rule Summary)"),
     menu("0:Basic Setting,1:Account Setting,2:NAT Traversal"),
-    menu("0:Voice Setting,1:Call Service,2:Phone Setting,3:E.164 Setting,4:FAX Setting,5:General Dialing "
-         "Setting,"
-         "6:QOS/TOS Setting,7:Phone Book Setting,8:Call Screen"),
+    menu(
+        R"(0:Voice Setting,1:Call Service,2:Phone Setting,3:E.164 Setting,4:FAX Setting,5:General Dialing Setting
+6:QOS/TOS Setting,7:Phone Book Setting,8:Call Screen)"),
     menu("2:Day/Time Setting,3:DDNS Setting,4:System Setting"),
     menu("0:Device Infomation,1:Log,2:Line State,3:Call Detailed Record")};
 

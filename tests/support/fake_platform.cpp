@@ -22,7 +22,6 @@ struct OpenFile {
   string path, content = {}, rest = content;
 };
 std::map<int, OpenFile> open_files;
-constexpr int socket_descriptor = 50;
 std::deque<string> datagrams;
 
 // What was shown before a program is started, or the device waits, has to be out by then.
@@ -240,12 +239,9 @@ const char* error_text(int error) {
 }
 
 int open_udp_socket() {
-  if (failure("udp socket") != 0) {
-    return -EMFILE;
-  }
-  ++current->open_descriptors;
   datagrams.clear();
-  return socket_descriptor;
+  const int failed = result("udp socket", EMFILE);
+  return failed != 0 ? failed : open_file({"udp"});
 }
 
 int bind_udp_to_any(int /*socket*/) {
@@ -290,7 +286,8 @@ int wait_readable(int /*socket*/, unsigned seconds) {
   return 1;
 }
 
-void close_socket(int /*socket*/) {
+void close_socket(int socket) {
+  open_files.erase(socket);
   --current->open_descriptors;
 }
 

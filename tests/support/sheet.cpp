@@ -187,8 +187,11 @@ class Sheet {
     }
     refuse_all({stored_});
     Desk before = stored_;
-    for (const string& line : visits_) {
-      line.starts_with('=') ? set(before = stored_, line.substr(2)) : visit_as_told(before, line.substr(1));
+    for (string line : visits_) {
+      if (const string settings = column(line, ">"); settings.starts_with('=')) {
+        set(before = stored_, settings.substr(2));
+      }
+      line.empty() ? void() : visit_as_told(before, line);
     }
     std::swap(meaning_["&list"], meaning_[meaning_["&wild"].empty() ? "&list" : "&wild"]);
     pass({wild}, {});

@@ -9,8 +9,9 @@
 // with message 1 or 2 by the "kind" of answer or with message 2 as "illegal", or it asks "again" until q.
 //
 // Questions come next. Columns: the field and what it holds, "-" for none; the text, with "$" for the value
-// it shows, none for a field that is written unasked; what is accepted, "!" and what is refused besides, "->"
-// and another message; what is shown behind an answer; behind Enter. Kinds of answers, with all they refuse:
+// it shows (of a new record zero), none for a field that is written unasked; what is accepted, "!" and what
+// is refused besides, "->" and another message; what is shown behind an answer; behind Enter. Kinds of
+// answers, with all they refuse:
 //
 //   [012]     one of these digits                   1..65535  a number in range, digits throughout
 //   ip        an address; also mask, mac            digits 9  up to so many digits
@@ -23,7 +24,8 @@
 // asked for "#" 0 and for 1. A line without columns says what else is stored.
 //
 // Visits come last: what is typed, "/" behind each answer, "|" between answers that do the same; how that
-// ends; what it changes. "= name=value" are settings that those below start from, besides the questions'.
+// ends; what it changes. "= name=value" before it, or on a line by itself, are settings that it and those
+// below start from, besides the questions'.
 //
 // "&name=text" says what &name stands for: &opening and &ending of the dialogue; &choose, typed to get to its
 // first question; &leave, typed when it is over, which shows &left; &record, what its fields begin with;

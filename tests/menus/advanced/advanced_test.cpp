@@ -31,8 +31,7 @@ dmz_enable=1 | DMZ Enable?<$>(0:disable, 1:Enable): | [01] as 1 ! 10
 dmz_ip=10.1.2.9 | DMZ Lan IP<$>: | ip -> DMZ Lan IP Error\n
 > 0/ | &keepNAT Enable?<1>(0:disable, 1:Enable):&stop | nat_enable=0
 > /*6 0/ | DMZ Enable?<1>(0:disable, 1:Enable):&ending | dmz_enable=0 dmz_ip=0.0.0.0
-= dmz_enable=0 dmz_ip=0.0.0.0 nat_enable=200
-> /*6 1// | DMZ Lan IP<0.0.0.0>:DMZ Lan IP Error\n |
+= dmz_enable=0 dmz_ip=0.0.0.0 nat_enable=200 > /*6 1// | DMZ Lan IP<0.0.0.0>:DMZ Lan IP Error\n |
 > /*7 | &stop |
 = nat_enable=0 dmz_enable=0
 > /|0/ | NetMetting ALG Enable:<Disable>\nDMZ Enable:<Disable>\n\n&keepNAT Enable?<0>(0:disable, 1:Enable):&stop |
@@ -42,8 +41,7 @@ dmz_ip=10.1.2.9 | DMZ Lan IP<$>: | ip -> DMZ Lan IP Error\n
 &wild=Enable
 &ending=&dump{/etc/init.d/upnpd.sh stop > /dev/null 2>&1}&saved
 upnp_enable=0 | UPNP Enable?<$>(0:Disable, 1:Enable): | [01]
-= nat_enable=1
-> 1/ | &dump{/etc/init.d/upnpd.sh start > /dev/null 2>&1}&saved | upnp_enable=1
+= nat_enable=1 > 1/ | &dump{/etc/init.d/upnpd.sh start > /dev/null 2>&1}&saved | upnp_enable=1
 > / | &ending |
 )");
 }
@@ -120,14 +118,12 @@ public_port=8080 | Public Port?<$>(1~65535): | 1..65535
 )" + scheduled,
               R"(= private_ip=0.0.0.0
 > 1/3/1/// | Private IP?<0.0.0.0>:&illegal |
-= week_mask=1111111 schedule_mode=200
-> 1/3/1/ /*12 | Start Day?<7>&daysEnd Day?<7>&days&ending | week_mask=0000000
+= week_mask=1111111 schedule_mode=200 > 1/3/1/ /*12 | Start Day?<7>&daysEnd Day?<7>&days&ending | week_mask=0000000
 > 1/3/1/ /*11 3/ | &ending | week_mask=1111000
 > 1/3/1/ /*10 3// | &ending |
 > 1/3/1/ /*5 0/ | Schedule?<200>(0:Always, 1:By Schedule):&ending | schedule_mode=0 start_hour=0 start_minute=0 \
 end_hour=0 end_minute=0 week_mask=1000000
-= week_mask=10110x1
-> 1/3/1/ /*12 | Start Day?<2>&daysEnd Day?<0>&days&ending | week_mask=1011111
+= week_mask=10110x1 > 1/3/1/ /*12 | Start Day?<2>&daysEnd Day?<0>&days&ending | week_mask=1011111
 = virtual_server_table[0].enable=0 virtual_server_table[2].enable=1 virtual_server_table[31].enable=1
 > 1/0/0/ | &ending | virtual_server_table[0].enable=255
 > 1/31/0/ | &ending | virtual_server_table[31].enable=255
@@ -178,8 +174,7 @@ end_port=200 | End Port?<$>(1~65535): | 1..65535
 + protocol=1 | Type?<$>(0:TCP, 1:UDP, 2:Both): | [012]
 )" + scheduled,
        R"(> 0/1/3/1///192.168.1.49/|0/1/3/1//192.168.0.101//|0/1/3/1/ /*4 100/99/|0/1/3/1/ /*4 201// | :&range |
-= end_ip=0.0.0.0
-> 0/1/3/1//// | End IP?<0.0.0.0>:&illegal |
+= end_ip=0.0.0.0 > 0/1/3/1//// | End IP?<0.0.0.0>:&illegal |
 )"});
   hold_rules({7, "url_filter_table", "URL Filter",
               "ID:|Active|IP RANGE                       |URL Filter String", range + "www.%s\\n",
@@ -228,8 +223,7 @@ dst_port_end=80 | Destination Port End?<$>(1~65535): | 1..65535
               R"(> 0/1/3/1/ /*8 0/ /*9 | &ending | firewall_enable=0 protocol=0
 > 0/1/3/1/ /*8 3/ /*7 | &ending | firewall_enable=0 protocol=3 dst_port_start=0 dst_port_end=0
 > 0/1/3/1/ /*4 9.0.0.9/|0/1/3/1/ /*7 2.2.3.3/|0/1/3/1/ /*9 /79/|0/1/3/1/ /*9 81// | :&range |
-= protocol=4 action=0
-> 0/1/3/1/ /*16 | &ending | firewall_enable=0 dst_port_start=0 dst_port_end=0
+= protocol=4 action=0 > 0/1/3/1/ /*16 | &ending | firewall_enable=0 dst_port_start=0 dst_port_end=0
 = protocol=200
 > 0/1/3/1/ /*9 0/ | 4:ALL):Schedule?<1>(0:Always, 1:By Schedule):&ending | firewall_enable=0 schedule_mode=0 \
 start_hour=0 start_minute=0 end_hour=0 end_minute=0 week_mask=1000000

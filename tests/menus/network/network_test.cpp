@@ -38,13 +38,11 @@ static_broadcast=10.127.255.255 | | >127.255.255.255 >255.255.255.255 >1.0.127.2
 = static_ip=192.168.1.10 static_netmask=255.255.255.0 wan_mac_type=200
 > /*11 | &ending | static_broadcast=192.168.1.255 wan_mac=00:00:00:00:00:00
 > ///0/// | Ping form WAN?<1>(0:Disable,1:Enable):MTU?<1400>(range 512~1500):IP?<192.168.1.10>:Bye Bye!!\n |
-= wan_type=9
-> /*6 | &ending |
+= wan_type=9 > /*6 | &ending |
 )");
   hold_wan("1", "dhcp_mtu=0 | MTU?<$>(range 512~1500): | 512..1500\n" + asked_dns,
            R"(> /*7 1/ | &ending | dns_mode=1
-= dns_mode=1
-> /*8 | &ending |
+= dns_mode=1 > /*8 | &ending |
 > /*7 0/// | &ending | dns_mode=0
 )");
   const string dialling = R"(ppp_connect_type=2 | Connect Type?<$>(0:Keep Alive,2:Manual On): | [02]
@@ -94,14 +92,10 @@ lan_netmask=255.255.255.0 | Lan MASK<$>: | mask as 255.255.255.0 -> Lan MASK Err
 dns_proxy_enable=1 | DNS PROXY Enable?<$>(0:disable,1:enable): | [0123456789] -> Lan DNS PROXY Setting Error\n
 > 10.0.0.1/255.128.0.0/0/q/ | :{/etc/init.d/udhcpd.sh stop}&ending | lan_ip=10.0.0.1 lan_netmask=255.128.0.0 \
 lan_broadcast=10.127.255.255 dns_proxy_enable=0 dhcp_start_ip=10.0.0.100 dhcp_end_ip=10.0.0.200
-= dhcp_end_ip=10.1.1.9
-> /// | :{/etc/init.d/udhcpd.sh stop}&ending | dhcp_end_ip=192.168.1.9
-= dhcp_start_ip=10.1.1.9
-> /// | :{/etc/init.d/udhcpd.sh stop}&ending | dhcp_start_ip=192.168.1.9
-= lan_ip=0.0.0.0
-> / | Lan IP<0.0.0.0>:Lan IP Error\n |
-= lan_netmask=255.0.255.0
-> // | Lan MASK<255.0.255.0>:Lan MASK Error\n |
+= dhcp_end_ip=10.1.1.9 > /// | :{/etc/init.d/udhcpd.sh stop}&ending | dhcp_end_ip=192.168.1.9
+= dhcp_start_ip=10.1.1.9 > /// | :{/etc/init.d/udhcpd.sh stop}&ending | dhcp_start_ip=192.168.1.9
+= lan_ip=0.0.0.0 > / | Lan IP<0.0.0.0>:Lan IP Error\n |
+= lan_netmask=255.0.255.0 > // | Lan MASK<255.0.255.0>:Lan MASK Error\n |
 )");
 }
 
@@ -123,10 +117,8 @@ dhcp_lease_time=86400 | DHCP IP Lease Time?<1 Day>: | 0>3600 1>7200 2>10800 3>86
 ! 7 03 x -> &select
 > 0/0/ /*3 | &dump{/etc/init.d/udhcpd.sh stop > /dev/null}&saved | dhcp_server_enable=0
 > 0//192.168.0.201// | &range |
-= dhcp_lease_time=5
-> 0/ /*4 | DHCP IP Lease Time?<>:&select |
-= lan_netmask=255.255.0.0
-> 0//192.168.0.200/192.168.1.100/|0//192.168.1.9/192.168.0.10/ | :&range |
+= dhcp_lease_time=5 > 0/ /*4 | DHCP IP Lease Time?<>:&select |
+= lan_netmask=255.255.0.0 > 0//192.168.0.200/192.168.1.100/|0//192.168.1.9/192.168.0.10/ | :&range |
 = dhcp_start_ip=0.0.0.0 lan_netmask=0.0.0.0
 > 0/// | Start IP?<0.0.0.0>(The IP must have same Netword ID with Lan IP):&illegal |
 )");
@@ -155,10 +147,8 @@ mac=00:11:22:aa:bb:cc | MAC?<$>: | mac
 &wild=0:Enable:1	MAC:ff:ff:ff:ff:ff:ff	IP:255.255.255.255	Discription:)" +
        string(32, '\xff') + R"(\n
 > 1/1/0/0x/ | Del or Edit ? (0:Delete, 1:Edit):&ending | enable=255
-= dhcp_server_enable=0
-> 1/1/0/0/ | :&dump{/etc/init.d/udhcpd.sh stop > /dev/null}&saved | enable=255
-= ip=0.0.0.0
-> 1/1/0/1/// | &illegal |
+= dhcp_server_enable=0 > 1/1/0/0/ | :&dump{/etc/init.d/udhcpd.sh stop > /dev/null}&saved | enable=255
+= ip=0.0.0.0 > 1/1/0/1/// | &illegal |
 = description=n\x0aas
 > 1/1/0/1/ /*4 | Discription:n\nas\nDel or Edit ? (0:Delete, 1:Edit):&keepEnable this rule?<1>(0:Disable, 1:Enable):\
 IP?<192.168.0.150>:MAC?<00:11:22:aa:bb:cc>:Description?<n>:&ending | description=n\x00as

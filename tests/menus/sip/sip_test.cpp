@@ -62,13 +62,11 @@ sip_server[1].outbound_proxy_address= sip_server[1].outbound_proxy_port=0
 stun_enable=1 | STUN Enable?<$>(0:Disable,1:Enable): | [01] as 1
 stun_server=old | STUN Server IP/URL?<$>: | text 63 empties
 sip_upnp_enable=0
-= sip_upnp_enable=1
-> // | STUN Server IP/URL?<old>:&ending | sip_upnp_enable=0
+= sip_upnp_enable=1 > // | STUN Server IP/URL?<old>:&ending | sip_upnp_enable=0
 > 0/2/ | &keepSTUN Enable?<1>(0:Disable,1:Enable):UPNP Enable?<1>(0:Disable,1:Enable):&illegal |
 > 0// | UPNP Enable?<1>(0:Disable,1:Enable):&ending | stun_enable=0 stun_server=
 > 2/|01/|x/ | STUN Enable?<1>(0:Disable,1:Enable):&illegal |
-= stun_enable=0
-> // | UPNP Enable?<0>(0:Disable,1:Enable):&ending | stun_server=
+= stun_enable=0 > // | UPNP Enable?<0>(0:Disable,1:Enable):&ending | stun_server=
 > /1/ | &ending | sip_upnp_enable=1 stun_server=
 )");
   Desk without_flag;

@@ -71,14 +71,10 @@ TEST(DeviceInformation, ShowsEveryKindOfConnectionAndRunsItsScripts) {
 > 0/ | &usual : PPPOE \n&ppp{/etc/init.d/pppoe.sh&stop{/etc/init.d/pppoe.sh&restart |
 > 01/ | &ppp{/etc/init.d/pppoe.sh&restart |
 > /|2/|0x/|-1/|4294967296/ | &ppp |
-= wan_type=3
-> 0/ | &usual : PPTP \n&ppp{/etc/init.d/pptp.sh&stop{/etc/init.d/pptp.sh&restart |
-= wan_type=4
-> 0/ | &usual : L2TP \n&ppp{/etc/init.d/l2tp.sh&stop{/etc/init.d/l2tp.sh&restart |
-= wan_type=5
-> 0/ | &usual : BigPond \n&dns&offer{/etc/init.d/bigpond.sh&stop{/etc/init.d/bigpond.sh&restart |
-= wan_type=200 host_name=h*128
-> 0/ | Host Name : h*128\n&date&today&dns&offer&ok |
+= wan_type=3 > 0/ | &usual : PPTP \n&ppp{/etc/init.d/pptp.sh&stop{/etc/init.d/pptp.sh&restart |
+= wan_type=4 > 0/ | &usual : L2TP \n&ppp{/etc/init.d/l2tp.sh&stop{/etc/init.d/l2tp.sh&restart |
+= wan_type=5 > 0/ | &usual : BigPond \n&dns&offer{/etc/init.d/bigpond.sh&stop{/etc/init.d/bigpond.sh&restart |
+= wan_type=200 host_name=h*128 > 0/ | Host Name : h*128\n&date&today&dns&offer&ok |
 )",
             usual);
   const string down = "= wan_type=3\n> / | PPTP \\n&test#&gateway10.0.0.1\\n&dns&offer |";
@@ -195,8 +191,8 @@ TEST(VoiceDaemon, CutsRepliesIntoLinesAndRefusesALongRequest) {
 
 TEST(VoiceDaemon, FailuresHaveTheirCodesAndEndInTime) {
   std::istringstream cases(
-      "udp socket|-2 -1\nudp bind|-3 -1\nudp connect|-4 -1\nudp send|50 -3\nudp wait|50 -4\n"
-      "|50 -4\n");
+      "udp socket|-2 -1\nudp bind|-3 -1\nudp connect|-4 -1\nudp send|100 -3\nudp wait|100 -4\n"
+      "|100 -4\n");
   for (string failing, codes; std::getline(cases, failing, '|') && std::getline(cases, codes);) {
     DaemonDesk desk;
     desk.failing = {failing};

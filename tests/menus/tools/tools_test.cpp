@@ -20,8 +20,7 @@ Day   (1)  <1-31>:Hour  (0)  <0-23>:Minute(0)  <0-59>:Second(9)  <0-59>:&ending{
 = date_time_set_by=1 time_zone=1
 > 0/0/2005/2021/2020/0/2/0/32/1/24/9/60/5/-1/7/ | :&ending{/bin/date 020109052020.07}&saved | date_time_set_by=0 time_zone=0
 > 0/25/2006/12/31/23/59/60/0/ | :&ending{/bin/date 123123592006.00}&saved | date_time_set_by=0
-= date_time_set_by=1 ntp_server=old\x0aname
-> /24/n*127/ | &ending&saved | time_zone=24 ntp_server=n*127
+= date_time_set_by=1 ntp_server=old\x0aname > /24/n*127/ | &ending&saved | time_zone=24 ntp_server=n*127
 > /20/n*128/ | NTP Server Address<old>:&illegal | time_zone=20 ntp_server=old\x00name
 > // | Select Time Zone (0-24): NTP Server Address<old>:Bye Bye!!\n | ntp_server=old\x00name
 = ntp_server=old
@@ -29,10 +28,8 @@ Day   (1)  <1-31>:Hour  (0)  <0-23>:Minute(0)  <0-59>:Second(9)  <0-59>:&ending{
 | date_time_set_by=1 ntp_server=pool_of_time
 > 1/// | NTP Server Address<old>:&ending&saved | date_time_set_by=1
 > 2/|x0/|21/|-1/ | Date Time Set By <0>(0: Manual, 1: NTP Time Server):&select |
-= date_time_set_by=7
-> / | Date Time Set By <7>(0: Manual, 1: NTP Time Server):&dump&saved |
-= time_zone=200 date_time_set_by=1
-> / | 1: NTP Time Server):Time Zone : 200-\n\
+= date_time_set_by=7 > / | Date Time Set By <7>(0: Manual, 1: NTP Time Server):&dump&saved |
+= time_zone=200 date_time_set_by=1 > / | 1: NTP Time Server):Time Zone : 200-\n\
 0-(GMT-12:00) Enewetak, Kwajalein       1-(GMT-11:00) Midway Island, Samoa    \n\
 2-(GMT-10:00) Hawaii                    3-(GMT-09:00) Alaska                  \n\
 4-(GMT-08:00) Pacific Time              5-(GMT-07:00) Arizona, Mountain Time  \n\
@@ -62,8 +59,7 @@ ddns_password=pw | Password?<$>: | text 31
 ddns_host=h.example | Host?<$>: | text 127
 > 0/ | DDNS Enable?<1>(0:Disable,1:Enable):&stop&saved | ddns_enable=0
 > ///_a_b_// | &ending | ddns_password=_a_b_
-= ddns_enable=200
-> /*5 | Host?<h.example>:&stop&saved |
+= ddns_enable=200 > /*5 | Host?<h.example>:&stop&saved |
 )");
 }
 
@@ -92,9 +88,8 @@ TEST(Tools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
   const string defaults = "/opt/webctrl/meta/metafile.dat.default", partition = "/dev/mtdblock/5";
   const string x(504, 'x'), menu = "\n[4830NT]#";
   const string done = "System reboot ...\n{sync}{sleep 1}{setsid /sbin/bbreboot [bbreboot]}Bye Bye!!\n";
-  const struct {
-    string content, failing, ending, written;
-  } cases[] = {
+  // What the file holds, the call that fails, what is shown, what the partition holds then.
+  const string cases[][4] = {
       {"a=1\nb#ver.2\nlast", "", done, "a=1\nlast"},
       // In pieces of 510 characters, the marker is behind the first one, across both, or within it.
       {x + "123456#ver.\nnext\n", "", done, x + "123456next\n"},
@@ -108,13 +103,13 @@ TEST(Tools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
       {"a\n", "write " + partition, partition + ": No space left on device" + menu, ""},
       {"a\n", "close " + partition, partition + ": Input/output error" + menu, "a\n"},
   };
-  for (const auto& reset : cases) {
+  for (const auto& [content, failing, ending, written] : cases) {
     Desk desk;
-    desk.files = {{defaults, reset.content}, {partition, "old"}};
-    desk.failing = {reset.failing};
+    desk.files = {{defaults, content}, {partition, "old"}};
+    desk.failing = {failing};
     const string seen = visit(desk, 4, 4, "1\nyesterday\n\n");
-    EXPECT_TRUE(seen.ends_with("<yes>/<NO>" + reset.ending)) << seen;
-    EXPECT_EQ(desk.files[partition], reset.written);
+    EXPECT_TRUE(seen.ends_with("<yes>/<NO>" + ending)) << seen;
+    EXPECT_EQ(desk.files[partition], written);
     EXPECT_TRUE(differences(Desk().settings, desk.settings).empty() && !desk.saved);
   }
 }

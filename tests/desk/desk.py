@@ -3,7 +3,6 @@
 import os
 import pathlib
 import re
-import socket
 import subprocess
 import sys
 
@@ -67,20 +66,6 @@ class Desk:
 
     def owns_network(self):
         return self.up()[1] != "chroot"
-
-    def voice(self):
-        """A socket connected to the voice daemon: one that a helper makes in the device's network, and hands over."""
-        device, mode = self.up()
-        enter = ["nsenter", "-n", "-t", device] if self.owns_network() else []
-        enter += ["-U", "--preserve-credentials"] if mode == "user" else []
-        here, there = socket.socketpair()
-        helper = ("import socket, sys; s = socket.socket(type=socket.SOCK_DGRAM); s.connect(('127.0.0.1', 8118)); "
-                  "socket.send_fds(socket.socket(fileno=int(sys.argv[1])), [b' '], [s.fileno()])")
-        subprocess.run([*enter, sys.executable, "-c", helper, str(there.fileno())], pass_fds=[there.fileno()],
-                       check=True)
-        voice = socket.socket(fileno=socket.recv_fds(here, 1, 1)[1][0])
-        voice.settimeout(5)
-        return voice
 
     def address(self, interface):
         """MAC address, as the line has it, IP address, broadcast address and netmask."""

@@ -23,10 +23,8 @@ def test_show_and_reset_and_boot_know_their_limits(desk):
     (desk.state / "root").rename(desk.state / "another")
     unknown = desk.run("--show", "sip_por")
     assert (unknown.returncode, unknown.stdout, unknown.stderr[:31]) == (1, "", "No setting is called sip_por; d")
-    assert len(desk.show("virtual_server_table[0]")) == 11
     desk.store("sip_port=5099\n")
     child = desk.console()
-    refused = desk.run("--reset")
-    assert (refused.returncode, "The desk is up" in refused.stderr) == (1, True)
+    assert "The desk is up" in desk.run("--reset").stderr and desk.partition.exists()
     child.sendintr()
     assert desk.run("--reset").returncode == 0 and not desk.partition.exists()

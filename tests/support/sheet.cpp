@@ -181,10 +181,6 @@ class Sheet {
         }
       }
     }
-    pass({stored_}, {});
-    for (std::size_t i = 0; i < passes; i += 2) {
-      pass({stored_}, i);
-    }
     refuse_all({stored_});
     Desk before = stored_;
     for (string line : visits_) {
@@ -193,10 +189,12 @@ class Sheet {
       }
       line.empty() ? void() : visit_as_told(before, line);
     }
-    std::swap(meaning_["&list"], meaning_[meaning_["&wild"].empty() ? "&list" : "&wild"]);
-    pass({wild}, {});
-    for (std::size_t i = 1; i < passes; i += 2) {
-      pass({wild}, i);
+    for (const Desk& start : {stored_, wild}) {
+      pass({start}, {});
+      for (std::size_t i = 0; i < passes; ++i) {
+        pass({start}, i);
+      }
+      std::swap(meaning_["&list"], meaning_[meaning_["&wild"].empty() ? "&list" : "&wild"]);
     }
   }
 
@@ -281,13 +279,6 @@ class Sheet {
     EXPECT_EQ(differences(road.expected.settings, desk.settings), "") << typed;
   }
 
-  // The same where nothing is to change.
-  void expect_refused(Road road, const string& typed, const string& shown) const {
-    road.typed += typed;
-    road.expected = road.desk;
-    expect(road, road.shown + shown);
-  }
-
   // All questions answered with their answer of that number, or the last one they have; or with Enter.
   void pass(Road road, std::optional<std::size_t> number) const {
     for (const Question& question : questions_) {
@@ -302,19 +293,17 @@ class Sheet {
     }
   }
 
-  // Each refusal, and the end of input, where the questions before have their first answers.
+  // Each refusal, where the questions before have their first answers: nothing is to change.
   void refuse_all(Road road) const {
     for (const Question& question : questions_) {
       const string before = std::exchange(road.shown, "");
       ask(road, question);
-      const bool again = refusal_ == "again";
-      const string asked = road.shown, end = question.message + (again ? asked + "q:Exit\n&left" : "&left");
-      road.shown = before + asked;
+      const string asked = std::exchange(road.shown, before + road.shown);
       for (const string& refused : question.refused) {
-        expect_refused(road, refused + (again ? "\nq\n&leave" : "\n&leave"), end);
-      }
-      if (!question.text.empty()) {
-        expect_refused(road, question.accepted[0].typed, "Bye Bye!!\n");  // without its line end
+        Road end{.desk = stored_, .typed = road.typed + refused + (refusal_ == "again" ? "\nq\n" : "\n")};
+        end.typed += "&leave";
+        expect(end,
+               road.shown + question.message + (refusal_ == "again" ? asked + "q:Exit\n" : "") + "&left");
       }
       answer(road, question, question.accepted[0]);
     }

@@ -42,9 +42,9 @@
 namespace tests {
 
 // Holds the console to the sheets. All kept, over the stored values and over wild ones (bytes 255, texts with
-// a line feed): the whole transcript, and nothing changes. With each accepted answer: the whole transcript,
-// and these fields change and no other byte. With each refused answer behind accepted ones, and with the
-// connection cut at each question: the whole transcript, and nothing is saved or changes.
+// a line feed): the whole transcript, and nothing changes. With each accepted answer over either: the whole
+// transcript, and these fields change and no other byte. With each refused answer behind accepted ones: the
+// whole transcript, and nothing is saved or changes.
 void hold(const std::string& sheets, const Desk& desk = {});
 
 // `text` with `by` wherever it had `what`.

@@ -17,8 +17,13 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_CONSOLE_PACKAGE_NAME ntx4830-console)
-# By name: for another machine's program, Debian's own search for it names the cross compiler's library.
-set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "libc6 (>= 2.34)")
+# The C library that it is built with, or a later one. For another machine's program, Debian's own search for what is
+# needed names the cross compiler's library.
+execute_process(COMMAND ${CMAKE_CXX_COMPILER} -E -dM -include features.h -x c++ /dev/null
+  OUTPUT_VARIABLE macros ERROR_QUIET)
+if(macros MATCHES "__GLIBC_MINOR__ ([0-9]+)")
+  set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "libc6 (>= 2.${CMAKE_MATCH_1})")
+endif()
 set(CPACK_COMPONENT_CONSOLE_DESCRIPTION
   "One process per administrator connection, on its standard input and output:\n a login, a tree of text menus, dialogues that change settings, status pages.")
 set(CPACK_DEBIAN_HEADERS_PACKAGE_NAME ntx4830-console-dev)

@@ -1,5 +1,6 @@
 #include "shell/line.h"
 
+#include <algorithm>
 #include <array>
 
 #include "config/values.h"
@@ -34,7 +35,7 @@ char next_character() {
 }  // namespace
 
 std::size_t read_line() {
-  line.fill('\0');
+  std::fill_n(line.begin(), length + 1, '\0');  // the rest of it is NUL already
   length = 0;
   char character = '\0';
   while (length < input_line_size && (character = next_character()) != '\n') {

@@ -107,11 +107,10 @@ int classify_input(std::size_t length) {
   if (line_is_q()) {
     return quit;
   }
-  const std::string_view typed = typed_text();
   if (length <= 2 && is_all_digits(line_text())) {
-    return static_cast<int>(*decimal_value(typed));
+    return static_cast<int>(*decimal_value(line_text()));
   }
-  return length == 4 && typed == "help" ? help : not_defined;
+  return length == 4 && typed_text() == "help" ? help : not_defined;
 }
 
 }  // namespace shell

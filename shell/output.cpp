@@ -11,7 +11,8 @@
 namespace shell {
 namespace {
 
-std::array<char, 8192> buffer;
+// Room for the list of all firewall rules, some 17,000 characters, so that it goes out in one write.
+std::array<char, 20480> buffer;
 std::size_t filled = 0;
 bool lost = false;
 
@@ -25,14 +26,15 @@ void flush_output() {
 }
 
 void put(std::string_view text) {
-  while (!text.empty()) {
-    if (filled == buffer.size()) {
-      flush_output();
-    }
+  for (;;) {
     const std::size_t taken = std::min(text.size(), buffer.size() - filled);
     std::copy_n(text.data(), taken, buffer.data() + filled);
     filled += taken;
+    if (taken == text.size()) {
+      return;
+    }
     text.remove_prefix(taken);
+    flush_output();
   }
 }
 

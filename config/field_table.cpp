@@ -405,8 +405,11 @@ bool set_bytes(std::span<std::uint8_t> bytes, std::string_view value, char separ
   const char* at = value.data();
   const char* const end = at + value.size();
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (i > 0 && (at == end || *at++ != separator)) {
-      return false;
+    if (i > 0) {
+      if (at == end || *at != separator) {
+        return false;
+      }
+      ++at;
     }
     const auto [after, error] = std::from_chars(at, end, parsed[i], base);
     if (error != std::errc{}) {

@@ -172,9 +172,10 @@ class Dialogue {
 
   struct Rule {
     Kind kind;
-    Range range;                                // of a number
-    const char* digits;                         // of a choice
-    std::span<const std::uint8_t> values = {};  // of a listed number
+    Range range;         // of a number
+    const char* digits;  // of a choice
+    // Of a listed number; NOLINTNEXTLINE: other kinds leave it out.
+    std::span<const std::uint8_t> values = {};
   };
 
   struct Value {

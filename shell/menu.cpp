@@ -86,7 +86,7 @@ void run_menus(const MenuTree& menus) {
   draw_main_menu();
   show_main_menu();
   for (;;) {
-    put(menu_prompt);
+    put(std::string_view(menu_prompt));
     const std::size_t length = read_line();
     if (level == Level::main) {
       main_menu_dispatch(length);
@@ -108,7 +108,7 @@ int classify_input(std::size_t length) {
     return quit;
   }
   if (length <= 2 && is_all_digits(line_text())) {
-    return static_cast<int>(*decimal_value(line_text()));
+    return static_cast<int>(decimal_value(line_text()).value_or(not_defined));
   }
   return length == 4 && typed_text() == "help" ? help : not_defined;
 }

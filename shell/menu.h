@@ -76,14 +76,14 @@ class Submenu {
 using MenuTree = std::array<const Submenu*, 6>;
 
 // The prompt before every line at menu level.
-constexpr std::string_view menu_prompt = "[4830NT]#";
+constexpr char menu_prompt[] = "[4830NT]#";
 
 // Shows the main menu, then reads and obeys lines for ever.
 [[noreturn]] void run_menus(const MenuTree& menus);
 
 // What a typed line means: the item's number, or one of these. A typed two-digit number counts as what it
 // equals, so that 90 quits.
-enum Command : int { quit = 90, help = 91, empty_line = 92, not_implemented = 98, not_defined = 99 };
+enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_implemented = 98, not_defined = 99 };
 
 // Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
 // when the login has expired or was taken over.

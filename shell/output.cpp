@@ -28,7 +28,7 @@ void flush_output() {
 void put(std::string_view text) {
   for (;;) {
     const std::size_t taken = std::min(text.size(), buffer.size() - filled);
-    std::copy_n(text.data(), taken, buffer.data() + filled);
+    std::copy_n(text.begin(), taken, buffer.begin() + filled);
     filled += taken;
     if (taken == text.size()) {
       return;

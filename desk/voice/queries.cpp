@@ -6,10 +6,12 @@
 namespace desk {
 namespace {
 
+using Count = std::uint32_t RtpCounts::*;
+
 struct Counter {
   std::string_view item;
   RtpCounts (Channel::*counts)() const;
-  std::uint32_t RtpCounts::*count;
+  Count count;
 };
 
 constexpr std::array<Counter, 6> counters = {{

@@ -35,15 +35,11 @@ echo "$text bytes of text, budget $3; $file bytes of file, budget $4"
 [ "$file" -le "$4" ]
 
 # Another program of the device needs the headers and nothing else.
-g++ -std=c++20 -Wall -Wextra -Werror -I "$work/packed/usr/include/console" -o "$work/neighbour" -x c++ - <<'SOURCE'
-#include <config/login_record.h>
+echo '#include <config/login_record.h>
 #include <config/segment.h>
-
 config::ConfigurationSegment settings;
-
 int main() {
   settings.sip.sip_host_name.assign("a text that is longer than the field it is put in");
   return sizeof settings == 59976 && settings.sip.sip_host_name.view().size() == 39 ? 0 : 1;
-}
-SOURCE
+}' | g++ -std=c++20 -Wall -Wextra -Werror -I "$work/packed/usr/include/console" -o "$work/neighbour" -x c++ -
 "$work/neighbour"

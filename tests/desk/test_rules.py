@@ -41,25 +41,16 @@ def test_a_rule_of_each_table_is_in_force_from_add_to_delete(desk):
             assert routes == (len(expected) if item == "4" and desk.owns_network() else 0)
 
 
-def test_translation_and_upnp_follow_their_switches(desk):
+def test_stored_rules_are_in_force_from_boot_whatever_they_are_and_translation_and_upnp_follow_their_switches(desk):
+    desk.store("mac_filter_enable=200\nmac_filter_table[31].enable=1\nmac_filter_table[31].schedule_mode=9\n"
+               "mac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\nmac_filter_table[30].enable=200\n")
     child = desk.log_in()
-    desk.choose(child, "1/1/0/1/192.168.1.10/0/80/8080/0")
-    server, dmz = in_force(desk), "DMZ host: 192.168.1.33"
-    upnp = "UPnP: programs of the LAN open ports at 192.168.1.1"
-    for visit, expected in (("1/0///////1/192.168.1.33", [dmz, *server]), ("1/3/1", [dmz, *server, upnp]),
-                            ("1/0/0", [upnp]), ("1/3/1", []), ("1/0/1//////0", server), ("1/3/", [*server, upnp]),
-                            ("1/3/0", server)):
+    stored, dmz = in_force(desk), ["DMZ host: 192.168.1.33"]
+    assert stored == ["MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat"]
+    server, upnp = [TABLES[0][2].format(0)], ["UPnP: programs of the LAN open ports at 192.168.1.1"]
+    for visit, nat, ports in (("1/1/0/1/" + TABLES[0][1], server, []), ("1/0///////1/192.168.1.33", dmz + server, []),
+                              ("1/3/1", dmz + server, upnp), ("1/0/0", [], upnp), ("1/3/1", [], []),
+                              ("1/0/1//////0", server, []), ("1/3/", server, upnp), ("1/3/0", server, [])):
         desk.choose(child, visit)
-        assert in_force(desk) == expected
+        assert in_force(desk) == nat + stored + ports
     assert "nat.sh: asked to stop" in desk.log() and "nat.sh: rules in force: 0" in desk.log()
-
-
-def test_what_is_stored_is_in_force_from_boot_on_whatever_it_is(desk):
-    desk.store("upnp_enable=1\nmac_filter_enable=200\nmac_filter_table[31].enable=1\nmac_filter_table[31].schedule_mode=9\n"
-               "mac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\nfirewall_enable=1\nfirewall_rule_table[0].enable=1\n"
-               "firewall_rule_table[0].protocol=200\nfirewall_rule_table[0].action=9\nfirewall_rule_table[1].enable=200\n")
-    desk.console()
-    anywhere = "WAN 0.0.0.0-0.0.0.0"
-    assert in_force(desk) == [f"firewall 0: action 9 protocol 200 from {anywhere} to {anywhere}, always",
-                              "MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat",
-                              "UPnP: programs of the LAN open ports at 192.168.1.1"]

@@ -59,5 +59,4 @@ def test_past_calls_are_shown_whether_the_desk_was_up_or_not(desk):
     assert desk.partition.with_name("6").read_bytes().count(b"\n") == 1000
     reasons = [reason for _, _, reason in CALL.findall(desk.choose(child, "5/3"))]
     assert (len(reasons), len(set(reasons))) == (100, 36)
-    assert {"Unknown error", "No codecs matching with remote end", "unknow reason"} <= set(reasons)
     assert desk.run("--calls", "1001").returncode == desk.run("--calls", "x").returncode == 1

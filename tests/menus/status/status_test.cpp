@@ -276,6 +276,27 @@ TEST(VoiceDaemon, CallRecordsThatCameBeforeTheFetchEnded) {
   many[0] = "100000";
   EXPECT_EQ(DaemonDesk(many).page(3).size(), 1 + 100 * shown.size());
   EXPECT_EQ(DaemonDesk().page(3), "{silence 5}\n");  // nothing of an earlier visit is left
+  std::istringstream reasons(
+      "1000 Unknown error|1001 Can't handle a new call|1002 Normal release by remote end|"
+      "1003 User cancelled the call|1004 Response accepted|1005 Forbidden|1006 User not found/Gone|"
+      "1007 Request timeout|1008 Conflict|1009 Request Entity Too Large|100a Media type unsupported|"
+      "100b Unsupported extension|100c User temporarily unavailable|100d Call leg does not exist|"
+      "100e Address is abmbiguous/too long/incomplete|100f User busy|1010 Bad event|"
+      "1011 Request pending|1012 Internal Server Error|1013 Service not Implemented|1014 Bad Gateway|"
+      "1015 Service Unavailable|1016 Gateway Timeout|1017 Busy Everywhere|1018 User declined the call|"
+      "1019 Does Not Exist Anywhere|101a Not Acceptable|"
+      "2000 No more new calls are acceptable on that endpoint|2001 Poor media quality|"
+      "2002 Parsing the remote SDP msg failed|2003 No codecs matching with remote end|"
+      "2004 No more processing power available|2005 Remote SDP is not received|"
+      "2006 Disconnection after blind transfer|2007 Callee pattern not matched with listed digitmap|"
+      "3000 unknow reason");
+  Strings replies = {"36"};
+  string expected = "\n";
+  for (string reason; std::getline(reasons, reason, '|');) {
+    replies.push_back(replaced(record, "100f", reason.substr(0, 4)));
+    expected += replaced(shown, "User busy", reason.substr(5));
+  }
+  EXPECT_EQ(DaemonDesk(replies).page(3), expected);
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ struct ChildSetup {
 // Returns the child's process number, -1 when there is none. Between vfork and exec the child borrows our
 // memory: it only makes system calls.
 pid_t start(const char* path, const char* const arguments[], const ChildSetup& setup) {
-  const pid_t child = vfork();  // NOLINT: it is kept to what vfork allows
+  const pid_t child = vfork();  // NOLINT: within what is said above
   if (child != 0) {
     return child;
   }

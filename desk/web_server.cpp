@@ -39,7 +39,7 @@ bool hold_login(std::uint32_t address, std::uint32_t seconds) {
     return false;
   }
   login->holder_address = config::Ipv4::from_word(address);
-  login->expiry_time = platform::wall_clock_seconds() + seconds;
+  login->expiry_time = static_cast<std::uint32_t>(platform::wall_clock_milliseconds() / 1000) + seconds;
   return true;
 }
 

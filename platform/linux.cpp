@@ -4,13 +4,12 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/ipc.h>
-#include <sys/select.h>
 #include <sys/shm.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -23,14 +22,7 @@
 namespace platform {
 namespace {
 
-constexpr int terminal_signals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGPIPE};
 constexpr int cannot_start = 255;
-
-void set_terminal_signals(void (*disposition)(int)) {
-  for (const int number : terminal_signals) {
-    std::signal(number, disposition);
-  }
-}
 
 // Repeats a call that a signal interrupted.
 template <typename Call>
@@ -81,6 +73,7 @@ struct ChildSetup {
   int output = -1;            // becomes standard output
   bool closes_stdio = false;  // standard input, output and error
   bool new_session = false;
+  Keyboard keyboard = Keyboard::interrupts;
 };
 
 // Returns the child's process number, -1 when there is none. Between vfork and exec the child borrows our
@@ -90,7 +83,12 @@ pid_t start(const char* path, const char* const arguments[], const ChildSetup& s
   if (child != 0) {
     return child;
   }
-  set_terminal_signals(SIG_DFL);
+  std::signal(SIGHUP, SIG_DFL);
+  std::signal(SIGPIPE, SIG_DFL);
+  if (setup.keyboard == Keyboard::interrupts) {
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGQUIT, SIG_DFL);
+  }
   if (setup.new_session) {
     setsid();
   }
@@ -114,8 +112,11 @@ pid_t start_shell(const char* command, const ChildSetup& setup) {
 
 }  // namespace
 
-void ignore_terminal_signals() {
-  set_terminal_signals(SIG_IGN);
+void settle_signals() {
+  for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGPIPE}) {
+    std::signal(number, SIG_IGN);
+  }
+  std::signal(SIGCHLD, SIG_DFL);
 }
 
 std::size_t read_input(std::span<char> into) {
@@ -159,13 +160,21 @@ void detach_segment(void* memory) {
   shmdt(memory);
 }
 
-std::uint32_t wall_clock_seconds() {
-  return static_cast<std::uint32_t>(std::time(nullptr));
+void write_shared(void* field, std::span<const char> value) {
+  std::memcpy(field, value.data(), value.size());
+  std::atomic_thread_fence(std::memory_order_release);
+}
+
+std::uint64_t wall_clock_milliseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  return static_cast<std::uint64_t>(now.tv_sec) * 1000 + static_cast<std::uint64_t>(now.tv_nsec) / 1'000'000;
 }
 
 LocalTime local_time() {
   const std::time_t now = std::time(nullptr);
   std::tm broken_down{};
+  tzset();  // localtime_r() reads the zone once per process
   localtime_r(&now, &broken_down);
   return {broken_down.tm_year + 1900, broken_down.tm_mon + 1, broken_down.tm_mday,
           broken_down.tm_hour,        broken_down.tm_min,     broken_down.tm_sec};
@@ -177,8 +186,8 @@ void sleep_seconds(unsigned seconds) {
   }
 }
 
-void run_shell_command(const char* command) {
-  const pid_t child = start_shell(command, {});
+void run_shell_command(const char* command, Keyboard keyboard) {
+  const pid_t child = start_shell(command, {.keyboard = keyboard});
   if (child > 0) {
     wait_for(child);
   }
@@ -264,16 +273,17 @@ std::ptrdiff_t send_datagram(int socket, std::string_view bytes) {
 }
 
 std::ptrdiff_t receive_datagram(int socket, std::span<char> into) {
-  return or_error(retried([&] { return recv(socket, into.data(), into.size(), 0); }));
+  return or_error(retried([&] { return recv(socket, into.data(), into.size(), MSG_DONTWAIT); }));
 }
 
-int wait_readable(int socket, unsigned seconds) {
-  fd_set readable;
-  FD_ZERO(&readable);
-  FD_SET(socket, &readable);
-  timeval time_out{static_cast<std::time_t>(seconds), 0};
-  // Linux leaves the remaining time in time_out, so a repeated wait does not start from the beginning.
-  return or_error(retried([&] { return select(socket + 1, &readable, nullptr, nullptr, &time_out); }));
+int wait_readable(int socket, int milliseconds) {
+  pollfd one{socket, POLLIN, 0};
+  const int ready = poll(&one, 1, milliseconds);
+  if (socket < 0 || (one.revents & POLLNVAL) != 0) {
+    return -EBADF;
+  }
+  // Interrupted, it is for the caller to see how much of its time is left.
+  return ready < 0 && errno == EINTR ? 1 : or_error(ready);
 }
 
 void close_socket(int socket) {

@@ -14,9 +14,9 @@ namespace platform {
 // ---- The connection: standard input and output ----
 
 // Leaves the keyboard's signals and a hang-up to the program's reads and writes: a line cut off ends as end
-// of input, Ctrl-C does not leave the login held. Programs started from here get the default dispositions
-// back.
-void ignore_terminal_signals();
+// of input, Ctrl-C does not leave the login held. Gives SIGCHLD its default back, whoever ignored it, so that
+// a program started from here has an exit status.
+void settle_signals();
 
 // Waits for input and returns how many bytes were stored, at least 1; 0 at end of input or on a lost
 // connection.
@@ -44,10 +44,13 @@ struct Attachment {
 Attachment attach_segment(std::int32_t key, std::size_t size);
 void detach_segment(void* memory);
 
+// Writes a field of an attached segment. Other programs see it before anything that is written after it.
+void write_shared(void* field, std::span<const char> value);
+
 // ---- Clock ----
 
-// Seconds since the epoch; the fraction is dropped.
-std::uint32_t wall_clock_seconds();
+// Since the epoch.
+std::uint64_t wall_clock_milliseconds();
 
 struct LocalTime {
   int year;   // e.g. 2010
@@ -57,14 +60,21 @@ struct LocalTime {
   int minute;
   int second;
 };
+// In the time zone that is in force now: a script may have installed another one since the last call.
 LocalTime local_time();
 
 void sleep_seconds(unsigned seconds);
 
 // ---- Programs ----
 
+// Programs started from here get the default dispositions of the terminal's signals, but for Ctrl-Z: a
+// program that it stopped would never come back to the console that waits for it.
+
+// What Ctrl-C and Ctrl-\ do to a command.
+enum class Keyboard : std::uint8_t { interrupts, is_ignored };
+
 // Runs a command line through the system shell and waits for it. Its exit status is nobody's business here.
-void run_shell_command(const char* command);
+void run_shell_command(const char* command, Keyboard keyboard);
 
 // A shell command whose standard output is read. A failed start has descriptor -1.
 struct CommandStream {
@@ -106,9 +116,10 @@ int open_udp_socket();
 int bind_udp_to_any(int socket);
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port);
 std::ptrdiff_t send_datagram(int socket, std::string_view bytes);
-std::ptrdiff_t receive_datagram(int socket, std::span<char> into);  // a longer datagram is cut to fit
-// 1 when a datagram (or an error to collect) is there, 0 when `seconds` ran out, negative errno on failure.
-int wait_readable(int socket, unsigned seconds);
+// Does not wait. A datagram that is too long is cut to fit.
+std::ptrdiff_t receive_datagram(int socket, std::span<char> into);
+// 1 when it is worth a try to receive, 0 when the time ran out, negative errno on failure.
+int wait_readable(int socket, int milliseconds);
 void close_socket(int socket);
 
 }  // namespace platform

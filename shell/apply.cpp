@@ -10,11 +10,12 @@ namespace shell {
 
 void run_command(const char* command) {
   flush_output();
-  platform::run_shell_command(command);
+  platform::run_shell_command(command, platform::Keyboard::interrupts);
 }
 
 void save_settings() {
-  run_command("/opt/httpd/sbin/web_server dumpshare");
+  flush_output();
+  platform::run_shell_command("/opt/httpd/sbin/web_server dumpshare", platform::Keyboard::is_ignored);
 }
 
 void restart_filter_and_nat() {

@@ -7,7 +7,8 @@ namespace shell {
 // by then. Exit statuses are not looked at.
 void run_command(const char* command);
 
-// Asks the web server to write the configuration segment to the device's permanent storage.
+// Asks the web server to write the configuration segment to the device's permanent storage. The keyboard does
+// not interrupt it: half a save would be reported as a whole one.
 void save_settings();
 
 // Restarts the packet filter and NAT with the saved settings, then reports "Setting Save!!".

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/platform.h"
 #include "shell/line.h"
 #include "shell/output.h"
 #include "shell/parse.h"
@@ -35,6 +36,13 @@ std::string_view mac_text(ValueText& text, const config::Mac& mac) {
   const int length = std::snprintf(text.data(), text.size(), "%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0],
                                    mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4], mac.byte[5]);
   return {text.data(), static_cast<std::size_t>(length)};
+}
+
+// [first, middle) and [middle, last).
+void swap_neighbours(char* first, char* middle, char* last) {
+  std::reverse(first, middle);
+  std::reverse(middle, last);
+  std::reverse(first, last);
 }
 
 }  // namespace
@@ -72,7 +80,7 @@ bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
       value.word = parse_ipv4(line_text(), '.').word();
       break;
     case Kind::mac:
-      return parse_mac(line_buffer(), value.mac, ':');
+      return parse_mac(line_text(), value.mac, ':');
   }
   return passes(rule, value);
 }
@@ -259,22 +267,22 @@ void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, Text
   if (prompt.shows_value() && !rule.with_line_feed) {
     config::strip_newline(field);
   }
-  const std::size_t fits = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
-  const std::size_t max = std::min<std::size_t>(rule.max, fits);
+  const std::size_t room = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
+  const std::size_t max = std::min<std::size_t>(rule.max, room);
   while (!ended_) {
     const Answer answer = read_answer(prompt, config::text_in(field));
     if (answer == Answer::left) {
       return;
     }
     const std::string_view typed = typed_text();
-    const bool too_long = line_length() > max;
     const bool empty = answer == Answer::empty;
     bool keep = empty && (!adding_ || rule.optional);
-    if (too_long && rule.too_long != TextRule::TooLong::refused) {
+    const bool is_text = !typed.empty() || (adding_ && rule.may_be_empty);
+    const bool fits = keep || (is_text && line_length() <= max);
+    if (!fits && !empty && rule.unfit != TextRule::Unfit::refused) {
       show_message(Message::illegal_value);
-      keep = rule.too_long == TextRule::TooLong::keeps_the_old;
-    } else if (!keep && ((empty && !rule.may_be_empty) || too_long ||
-                         (rule.digits_only && !is_all_digits(line_text())))) {
+      keep = rule.unfit == TextRule::Unfit::keeps_the_old;
+    } else if (!fits || (rule.digits_only && !is_all_digits(line_text()))) {
       report(family_.bad_value);
       continue;
     }
@@ -282,7 +290,7 @@ void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, Text
       note(field.data(), field.data(), field.size());
     } else {
       const std::span<char> pending = note(field.data(), field.size());
-      config::put_text(pending, too_long ? std::string_view{} : typed);
+      config::put_text(pending, fits ? typed : std::string_view{});
       if (rule.with_line_feed) {
         pending[typed.size()] = '\n';
       }
@@ -317,6 +325,45 @@ void Dialogue::note(void* field, const void* value, std::size_t size) {
   }
 }
 
+// With its head; empty when nothing is noted for the field.
+std::span<char> Dialogue::entry_of(const void* field) {
+  const std::span noted = std::span(journal_).first(journal_length_);
+  for (std::size_t at = 0; at < noted.size();) {
+    JournalEntry entry;
+    std::memcpy(&entry, &noted[at], sizeof entry);
+    const std::size_t size = sizeof entry + entry.size;
+    if (entry.field == field) {
+      return noted.subspan(at, size);
+    }
+    at += size;
+  }
+  return {};
+}
+
+void Dialogue::move_before(const void* field, const void* moved) {
+  const std::span<char> place = entry_of(field);
+  const std::span<char> entry = entry_of(moved);
+  if (place.empty() || entry.empty()) {
+    return;
+  }
+  if (entry.data() > place.data()) {
+    swap_neighbours(place.data(), entry.data(), entry.data() + entry.size());
+  } else {
+    swap_neighbours(entry.data(), entry.data() + entry.size(), place.data());
+  }
+}
+
+void Dialogue::bring_forward() {
+  char* const begin = journal_.data();
+  swap_neighbours(begin, begin + ahead_from_, begin + journal_length_);
+  ahead_from_ = 0;
+}
+
+void Dialogue::write_ahead() {
+  bring_forward();
+  ahead_from_ = journal_length_;
+}
+
 void Dialogue::refuse(Refusal refusal) {
   if (!ended_) {
     refusal.show();
@@ -328,11 +375,12 @@ bool Dialogue::commit() {
   if (ended_) {
     return false;
   }
+  bring_forward();
   for (std::size_t at = 0; at < journal_length_;) {
     JournalEntry entry;
     std::memcpy(&entry, journal_.data() + at, sizeof entry);
     at += sizeof entry;
-    std::memcpy(entry.field, journal_.data() + at, entry.size);
+    platform::write_shared(entry.field, {journal_.data() + at, entry.size});
     at += entry.size;
   }
   journal_length_ = 0;

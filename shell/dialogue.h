@@ -48,13 +48,14 @@ struct Option {
 inline constexpr Option no_option;
 
 struct TextRule {
-  // What becomes of an answer that is too long.
-  enum class TooLong : std::uint8_t {
+  // What becomes of an answer that is too long, or that a NUL at its beginning makes an empty text, where no
+  // empty text can be typed.
+  enum class Unfit : std::uint8_t {
     refused,        // as any bad answer of the dialogue
     leaves_empty,   // message 2, the field becomes empty, the dialogue goes on
     keeps_the_old,  // message 2, the field keeps its text, the dialogue goes on
   };
-  TooLong too_long = TooLong::refused;
+  Unfit unfit = Unfit::refused;
   std::uint16_t max = UINT16_MAX;  // characters; the field with its NUL is the limit in any case
   bool digits_only = false;        // an answer must be decimal digits throughout
   bool with_line_feed = false;     // stored, shown and kept with the line feed that ended it
@@ -158,12 +159,23 @@ class Dialogue {
     (note(&fields, nullptr, sizeof fields), ...);
   }
 
+  // ---- The order in which the fields are written ----
+  // Other programs read the record meanwhile. It is the order of the statements above, but for these.
+
+  // What is noted from here on is written before all that was noted until now.
+  void write_ahead();
+  // `fields`, as far as they were noted, are written right before `field`, in the order given.
+  template <typename Field, typename... Fields>
+  void write_before(const Field& field, const Fields&... fields) {
+    (move_before(&field, &fields), ...);
+  }
+
   // Reports and ends the dialogue, unless it has ended.
   void refuse(Refusal refusal);
 
   bool ended() const { return ended_; }
 
-  // Writes all answers in the order of the prompts. False, with nothing written, when the dialogue has ended
+  // Writes all answers. False, with nothing written, when the dialogue has ended
   // early.
   bool commit();
 
@@ -200,6 +212,10 @@ class Dialogue {
   std::span<char> note(void* field, std::size_t size);
   void note(void* field, const void* value, std::size_t size);  // no value: zero bytes
 
+  void bring_forward();
+  void move_before(const void* field, const void* moved);
+  std::span<char> entry_of(const void* field);
+
   static bool accepts(const Rule& rule, const Option& option, Value& value);
   static bool passes(const Rule& rule, const Value& value);
 
@@ -208,6 +224,7 @@ class Dialogue {
   bool ended_ = false;
   int subject_ = 0;
   std::size_t journal_length_ = 0;
+  std::size_t ahead_from_ = 0;  // where in the journal begins what is to be written ahead
   // One entry per answer: the field's address, its size, its bytes. Room for the longest dialogue, the two
   // SIP lines with their servers; a dialogue that outgrows it stops the program the first time it is run to
   // its end.

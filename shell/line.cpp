@@ -35,6 +35,9 @@ char next_character() {
 }  // namespace
 
 std::size_t read_line() {
+  if (output_is_lost()) {
+    end_console();  // what was typed ahead answers questions that nobody sees
+  }
   std::fill_n(line.begin(), length + 1, '\0');  // the rest of it is NUL already
   length = 0;
   char character = '\0';

@@ -85,13 +85,12 @@ config::Ipv4 parse_ipv4(std::string_view text, char separator) {
   return address;
 }
 
-bool parse_mac(std::span<char> text, config::Mac& mac, char separator) {
+bool parse_mac(std::string_view text, config::Mac& mac, char separator) {
   constexpr std::size_t length = 18;
   mac = {};
-  if (config::text_in(text).size() != length) {
+  if (text.size() != length) {
     return false;
   }
-  text[length - 1] = '\0';
   for (std::size_t i = 0; i < length - 1; ++i) {
     if (i % 3 == 2 ? text[i] != separator : hex_nibble(text[i]) == 255) {
       return false;

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string_view>
 
 #include "config/values.h"
@@ -39,9 +38,8 @@ bool is_valid_netmask(config::Ipv4 mask);
 // failure, so that address itself is refused by every caller.
 config::Ipv4 parse_ipv4(std::string_view text, char separator);
 
-// Six two-digit hexadecimal pairs, 18 characters with the newline, which becomes a NUL in `text` once the
-// length is right. `mac` is all zero on failure.
-bool parse_mac(std::span<char> text, config::Mac& mac, char separator);
+// Six two-digit hexadecimal pairs, 18 characters with the newline. `mac` is all zero on failure.
+bool parse_mac(std::string_view text, config::Mac& mac, char separator);
 
 // 0 to 15, or 255 for a character that is no hexadecimal digit.
 std::uint8_t hex_nibble(char digit);

@@ -82,7 +82,7 @@ void claim_login() {
 void run_console(const MenuTree& menus) {
   reset_input();
   reset_output();
-  platform::ignore_terminal_signals();
+  platform::settle_signals();
   attach_login_record();
   guard_login();
   attach_settings();
@@ -105,7 +105,7 @@ void end_console() {
 }
 
 std::uint32_t now_seconds() {
-  return platform::wall_clock_seconds();
+  return static_cast<std::uint32_t>(platform::wall_clock_milliseconds() / 1000);
 }
 
 config::ConfigurationSegment& segment() {

@@ -52,6 +52,7 @@ void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
     ask.clear(rule.dst_port_start);
     ask.clear(rule.dst_port_end);
   }
+  ask.write_before(rule.protocol, rule.dst_port_start, rule.dst_port_end);
   ask_schedule(ask, rule.schedule);
 }
 

@@ -27,6 +27,7 @@ void ask_rule(shell::Dialogue& ask, config::IpFilter& rule) {
   if (ask.adding()) {
     ask_type(ask, rule);
   }
+  ask.write_before(rule.start_ip, rule.protocol);
   ask_schedule(ask, rule.schedule);
 }
 

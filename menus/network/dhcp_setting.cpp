@@ -106,6 +106,7 @@ void dhcp_server_setting() {
     ask.refuse(Message::ip_range);
   }
   ask_lease_time(ask, dhcp.dhcp_lease_time);
+  ask.write_before(dhcp.dhcp_start_ip, dhcp.dhcp_lease_time);
   if (ask.commit()) {
     apply_dhcp();
   }
@@ -149,6 +150,7 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   } else {
     ask.text("Description?<%s>:", client.description);
   }
+  ask.write_before(client.ip, client.mac);
   if (ask.commit()) {
     apply_dhcp();
   }

@@ -57,6 +57,7 @@ void lan_setting() {
   ask.write(lan.lan_broadcast, (ip & netmask) | ~netmask);
   ask.choice("DNS PROXY Enable?<%d>(0:disable,1:enable):", lan.dns_proxy_enable, "0123456789",
              {.refusal = &bad_dns_proxy});
+  ask.write_before(lan.lan_ip, lan.lan_netmask);
   if (!ask.commit()) {
     return;
   }

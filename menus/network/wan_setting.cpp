@@ -24,6 +24,7 @@ enum class DnsMode : std::uint8_t { manual, asked };
 // Automatic DNS leaves the stored servers as they are.
 void dns_setting(Dialogue& ask, DnsMode mode) {
   WanSettings& wan = shell::segment().wan;
+  ask.write_ahead();
   const std::uint8_t chosen =
       mode == DnsMode::asked
           ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01", {.refusal = &wrong_choice})
@@ -31,6 +32,7 @@ void dns_setting(Dialogue& ask, DnsMode mode) {
   if (chosen == 0) {
     ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
     ask.address("Secondary DNS IP<%u.%u.%u.%u>:", wan.secondary_dns);
+    ask.write_before(wan.primary_dns, wan.secondary_dns);
   }
 }
 
@@ -58,6 +60,7 @@ void ask_static_ip(Dialogue& ask, WanSettings& wan) {
   ask_ethernet_mtu(ask, wan.static_mtu);
   ask.write(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
                                                      wan.static_netmask, wan.static_gateway));
+  ask.write_before(wan.static_mtu, wan.static_gateway, wan.static_ip);
   dns_setting(ask, DnsMode::manual);
 }
 
@@ -169,7 +172,7 @@ void wan_setting() {
   WanSettings& wan = shell::segment().wan;
   shell::show_message(shell::Message::keep_with_enter);
 
-  constexpr shell::TextRule name{.too_long = shell::TextRule::TooLong::keeps_the_old};
+  constexpr shell::TextRule name{.unfit = shell::TextRule::Unfit::keeps_the_old};
   Dialogue ask(Dialogue::refuse_as_illegal);
   const std::uint8_t type =
       ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type, "012345",
@@ -182,6 +185,7 @@ void wan_setting() {
     ask.clear(wan.wan_mac);
   }
   ask.choice("Ping form WAN?<%d>(0:Disable,1:Enable):", wan.wan_ping_enable, "01");
+  ask.write_ahead();
   // A kept type that is none of the six has nothing more to ask.
   if (type < std::size(ask_type)) {
     ask_type[type](ask, wan);

@@ -9,7 +9,7 @@ namespace {
 
 // Where a prompt announces more characters than its field holds, the field is the limit.
 constexpr shell::TextRule up_to(std::uint16_t characters) {
-  return {.too_long = shell::TextRule::TooLong::leaves_empty, .max = characters};
+  return {.unfit = shell::TextRule::Unfit::leaves_empty, .max = characters};
 }
 
 // What a switch turns off is not asked for and does not stay behind: a disabled line keeps no credentials.

@@ -28,7 +28,7 @@ void basic_setting() {
   ask.number("Registration Retry Interval?<%d>(0~65535):", sip.registration_retry_interval, {0, 65535});
   ask.number("PING Interval?<%d>(0~65535):", sip.ping_interval, {0, 65535});
   ask.text("Host Name?<%s>(MAX Character:35):", sip.sip_host_name,
-           {.too_long = shell::TextRule::TooLong::leaves_empty, .max = 35});
+           {.unfit = shell::TextRule::Unfit::leaves_empty, .max = 35});
 
   if (ask.commit()) {
     shell::save_and_signal_voice_daemon();

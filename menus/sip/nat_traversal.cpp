@@ -15,8 +15,7 @@ void nat_traversal() {
     ask.clear(nat.stun_server);
     ask.choice("UPNP Enable?<%d>(0:Disable,1:Enable):", nat.sip_upnp_enable, "01");
   } else {
-    ask.text("STUN Server IP/URL?<%s>:", nat.stun_server,
-             {.too_long = shell::TextRule::TooLong::leaves_empty});
+    ask.text("STUN Server IP/URL?<%s>:", nat.stun_server, {.unfit = shell::TextRule::Unfit::leaves_empty});
     ask.clear(nat.sip_upnp_enable);
   }
 

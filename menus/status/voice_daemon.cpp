@@ -13,7 +13,7 @@
 namespace menus::status {
 namespace {
 
-constexpr std::uint32_t patience_seconds = 5;
+constexpr std::uint64_t patience_milliseconds = 5000;
 
 // Of the one-shot query: the reply overwrites its request.
 std::array<char, voice_daemon_buffer_size> exchange_buffer;
@@ -69,10 +69,11 @@ int voice_daemon_send(int descriptor, std::string_view text) {
 }
 
 int voice_daemon_receive(int descriptor, std::span<char> buffer) {
-  const std::uint32_t start = platform::wall_clock_seconds();
+  const std::uint64_t start = platform::wall_clock_milliseconds();
   // A clock that is set back meanwhile counts as out of time as well: the unsigned difference is huge then.
-  for (std::uint32_t waited = 0; waited < patience_seconds; waited = platform::wall_clock_seconds() - start) {
-    const int ready = platform::wait_readable(descriptor, patience_seconds - waited);
+  for (std::uint64_t waited = 0; waited < patience_milliseconds;
+       waited = platform::wall_clock_milliseconds() - start) {
+    const int ready = platform::wait_readable(descriptor, static_cast<int>(patience_milliseconds - waited));
     if (ready < 0) {
       return -3;
     }

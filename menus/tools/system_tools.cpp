@@ -1,6 +1,5 @@
 // Ping, and the reset to the factory settings.
 #include <array>
-#include <cerrno>
 #include <span>
 #include <string_view>
 
@@ -38,10 +37,15 @@ void ping_host() {
   }
 }
 
+// Returns false.
+bool report_failure(const char* path, const char* reason) {
+  shell::print("%s: %s\n", path, reason);
+  return false;
+}
+
 // For a negative errno value. Returns false.
 bool report_failure(const char* path, int error) {
-  shell::print("%s: %s\n", path, platform::error_text(-error));
-  return false;
+  return report_failure(path, platform::error_text(-error));
 }
 
 // The next piece to copy, empty behind the last one: version markers are the defaults file's own.
@@ -59,7 +63,8 @@ bool copy_lines(int defaults, const char* path) {
   std::array<char, 510> buffer;
   std::string_view piece = next_setting(reader, buffer);
   if (piece.empty()) {
-    return report_failure(path, reader.error() != 0 ? reader.error() : -ENODATA);
+    return reader.error() != 0 ? report_failure(path, reader.error())
+                               : report_failure(path, "There are no settings in it");
   }
   const int partition = platform::open_for_writing(settings_partition);
   if (partition < 0) {

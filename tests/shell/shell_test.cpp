@@ -4,6 +4,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "shell/session.h"
 #include "support/sheet.h"
 
 namespace tests {
@@ -155,11 +156,19 @@ TEST(Session, EndsBeforeAnyPromptWithoutItsSegments) {
 }
 
 TEST(Session, ReadsNoMoreWhenItsOutputIsLost) {
+  const string port = "2\n0\n5070" + string(14, '\n'), timer = "0\n\n77" + string(13, '\n');
   Desk desk;
   desk.on_wait = [&](std::size_t wait) { desk.failing.insert(wait == 2 ? "output" : ""); };
-  EXPECT_EQ(run_session(desk, "admin\nadmin\n2\n0\n5070\n" + string(13, '\n')), 1);
+  EXPECT_EQ(run_session(desk, "admin\nadmin\n" + port), 1);
   EXPECT_EQ(desk.waits.size(), 3U);
   EXPECT_TRUE(desk.login.holder_address.is_zero() && !desk.saved);
+  // Of a pasted block the dialogue that finds it out, when it saves, is the last one.
+  Desk pasted;
+  use_device(pasted);
+  pasted.input = {"admin\n", "admin\n", port + timer};
+  pasted.on_wait = [&](std::size_t wait) { pasted.failing.insert(wait == 2 ? "output" : ""); };
+  EXPECT_EQ(run_to_exit([] { shell::run_console(menus); }), 1);
+  EXPECT_EQ(differences(Desk().settings, pasted.settings), "sip_port=5070");
 }
 
 TEST(Session, ReadsLinesWithBackspacesAndAnyLength) {

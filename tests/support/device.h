@@ -25,7 +25,13 @@ struct Device {
   config::ConfigurationSegment settings{};
   std::uint32_t voice_change = 0;
 
-  std::uint32_t clock = 1'000'000;  // sleeping and waiting move it on
+  std::uint32_t clock = 1'000'000;   // in seconds; sleeping and waiting move it on
+  std::uint32_t milliseconds = 990;  // of the second that has begun
+  void pass(std::uint32_t more_milliseconds) {
+    milliseconds += more_milliseconds;
+    clock += milliseconds / 1000;
+    milliseconds %= 1000;
+  }
   platform::LocalTime local_time{2010, 3, 15, 14, 30, 5};
 
   // What is typed, in the pieces in which it arrives; after the last one the connection is closed.
@@ -47,6 +53,9 @@ struct Device {
   // What was sent to the voice daemon, and what it answers to each; "refused" is an error to collect.
   Strings requests;
   std::function<Strings(const std::string& request)> on_datagram = [](const auto&) { return Strings(); };
+
+  // The fields that answers were written to, in that order.
+  std::vector<void*> written;
 
   // The settings as they were when they were last saved.
   std::optional<config::ConfigurationSegment> saved;

@@ -84,7 +84,7 @@ namespace platform {
 
 using namespace tests;
 
-void ignore_terminal_signals() {}
+void settle_signals() {}
 
 std::size_t read_input(std::span<char> into) {
   current->waits.push_back(current->transcript.size());
@@ -140,8 +140,13 @@ void detach_segment(void* memory) {
   }
 }
 
-std::uint32_t wall_clock_seconds() {
-  return current->clock;
+void write_shared(void* field, std::span<const char> value) {
+  std::memcpy(field, value.data(), value.size());
+  current->written.push_back(field);
+}
+
+std::uint64_t wall_clock_milliseconds() {
+  return 1000 * std::uint64_t{current->clock} + current->milliseconds;
 }
 
 LocalTime local_time() {
@@ -153,8 +158,8 @@ void sleep_seconds(unsigned seconds) {
   current->clock += seconds;
 }
 
-void run_shell_command(const char* command) {
-  note(command);
+void run_shell_command(const char* command, Keyboard keyboard) {
+  note((keyboard == Keyboard::is_ignored ? "uninterrupted " : "") + string(command));
   if (std::strcmp(command, "/opt/httpd/sbin/web_server dumpshare") == 0) {
     current->saved = current->settings;
   }
@@ -267,20 +272,20 @@ std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
   string datagram = datagrams.at(0);  // without one the device would wait here for ever
   datagrams.pop_front();
   if (failure("udp receive") != 0 || datagram == "refused") {
-    ++current->clock;  // comes back at once, yet the deadline has to come closer
+    current->pass(900);  // comes back at once, yet the deadline has to come closer
     return -ECONNREFUSED;
   }
   return take(datagram, into);
 }
 
-int wait_readable(int /*socket*/, unsigned seconds) {
+int wait_readable(int /*socket*/, int milliseconds) {
   const std::size_t failed = failure("udp wait", 2);
   if (failed == 1) {
     return -EBADF;
   }
   if (failed == 2 || datagrams.empty()) {
-    note("silence " + std::to_string(seconds));
-    current->clock += seconds;
+    note("silence " + std::to_string(milliseconds));
+    current->pass(static_cast<std::uint32_t>(milliseconds));
     return 0;
   }
   return 1;

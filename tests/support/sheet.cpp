@@ -49,7 +49,8 @@ const std::map<string, string> kinds = {
 0.255.255.255 255.254.128.0 253.0.0.0 255.255.0.255 128.128.0.0 255.x)"},
     {"mac", R"(00:11:22:AA:bb:cF ff:FF:09:90:af:fa 00:00:00:00:00:00 ! 00-11-22-33-44-55 0:11:22:33:44:55
 00:11:22:33:44:55: 00:11:22:33:4:455 00:11:22:33:44:5g 00:11:22:33:44:5G 00:11:22:33:44:/5 00:11:22:33:44:@5
-00:11:22:33:44:`5 00:11:22:33:44.55)"}};
+00:11:22:33:44:`5 00:11:22:33:44.55 )" +
+                string("00:11:22:33:44:55x\0", 19)}};
 
 // The same of numbers and texts.
 string range_words(std::uint64_t low, std::uint64_t high) {
@@ -64,7 +65,7 @@ string text_words(const string& kind, std::size_t longest) {
   const string one = digits ? "7" : "t", line_feed = kind == "line" ? "\\x0a" : "";
   const string most = digits ? string(longest, '7') : "%n" + string(longest - 2, 't');
   return one + ">" + one + line_feed + " " + most + ">" + most + line_feed + " ! " + most + one + " " +
-         string(511, one[0]) + " " + (digits ? "12a 1-2 " + string("7\0", 2) : "");
+         string(511, one[0]) + " " + string("\0t ", 3) + (digits ? "12a 1-2 " + string("7\0", 2) : "");
 }
 
 struct Answer {
@@ -132,6 +133,9 @@ struct Question {
         accepted.push_back({typed == "enter" ? "" : typed, as_typed ? typed : word});
         if (as_typed && typed == "enter") {
           accepted.back().stored.reset();
+        }
+        if (typed == "enter") {
+          std::erase(refused, string("\0t", 2));
         }
       }
     }
@@ -329,7 +333,7 @@ class Sheet {
   std::map<string, string> meaning_ = {
       {"&opening", "&keep"},
       {"&ending", "&dump&saved{attach 1357}{voice change 1}"},
-      {"&dump", "{/opt/httpd/sbin/web_server dumpshare}"},
+      {"&dump", "{uninterrupted /opt/httpd/sbin/web_server dumpshare}"},
       {"&keep", "Please answer the question and use [enter] to keep original setting value\n\n"},
       {"&select", "Your select is wrong!!\n\n"},
       {"&illegal", "Your input value is illegal!!\n\n"},

@@ -31,10 +31,6 @@ missing() {
       *) command -v "${pair%=*}" >/dev/null ;;
     esac || echo "${pair#*=}"
   done
-  # A busybox that needs libraries is no use in the device's root filesystem.
-  if command -v busybox >/dev/null && ldd "$(command -v busybox)" >/dev/null 2>&1; then
-    echo busybox-static
-  fi
 }
 
 # Shows its progress on a terminal, and only what goes wrong elsewhere.

@@ -2,7 +2,8 @@
 # as_owner PATH COMMAND...: what root makes in somebody else's folder belongs to that person, who can go on with it.
 # PATH need not exist: the folder is the nearest one that does.
 as_owner() {
-  local folder=$1 user group become
+  local folder user group become
+  folder=$(realpath -m "$1")
   until [ -d "$folder" ]; do folder=$(dirname "$folder"); done
   read -r user group < <(stat -c '%u %g' "$folder")
   become=(setpriv --reuid "$user" --regid "$group" --clear-groups env -u HOME)

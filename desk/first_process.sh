@@ -1,13 +1,16 @@
 #!/bin/sh
-# The first process of the desk's new namespaces: makes ROOT their root directory, then becomes the device's own
-# first process. Talks to the supervisor over standard input and output.
+# The first process of the desk's new namespaces: makes ROOT their root directory and becomes a program of the
+# device there. Talks to the supervisor over standard input and output.
+#
+#   first_process.sh ROOT PROGRAM ARGUMENTS...
 set -e
-cd "$1"
+root=$1
+shift
 echo namespaces
 read -r _
 
-mount --bind . .
-cd "$1"
+mount --bind "$root" "$root"
+cd "$root"
 for node in null zero tty random urandom; do
   [ -e "dev/$node" ] || : >"dev/$node"
   mount --bind "/dev/$node" "dev/$node"
@@ -16,7 +19,5 @@ mount -t devpts -o newinstance,ptmxmode=0666 devpts dev/pts
 # Where a container hides parts of /proc, a fresh one is refused; the outer one serves.
 mount -t proc proc proc 2>/dev/null || mount --rbind /proc proc
 hostname NTX4830
-
-pivot_root . .
-/bin/umount -l .
-exec /etc/init.d/rcS own_network
+# Not pivot_root: inside a chroot either that is refused, or it leaves the way in to the machine's own root.
+exec chroot . "$@"

@@ -97,8 +97,8 @@ latest_line() {
 # The processes that hold a lock file.
 holders() {
   find -L /proc/[0-9]*/fd -maxdepth 1 -samefile "$1" | while IFS=/ read -r _ _ process _ descriptor; do
-    grep -q ^lock: "/proc/$process/fdinfo/$descriptor" && echo -n "$process "
-  done
+    grep -q ^lock: "/proc/$process/fdinfo/$descriptor" && echo "$process"
+  done | xargs
 } 2>/dev/null
 
 # One build at a time in this tree, from here until descriptor 5 is closed.

@@ -61,7 +61,7 @@ class Terminal(pexpect.spawn):
                 shown += self.before + self.after
                 self.sendline()
             shown += self.before + (self.after if came < 3 else "")
-            assert came == 0, f"{question or until!r} never came:\n{shown}"
+            assert came == 0, f"{question or 'The end'!r} never came:\n{shown}"
             if question:
                 self.sendline(answer)
         if until == MENU:

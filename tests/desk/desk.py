@@ -118,12 +118,8 @@ class Desk:
         assert done.returncode == 0, done.stderr
         return done.stdout
 
-    def up(self):
-        """The device's first process outside, and how the device is isolated."""
-        return (self.state / "up").read_text().split()[:2]
-
     def owns_network(self):
-        return self.up()[1] != "chroot"
+        return "chroot" not in (self.state / "up").read_text()
 
     def address(self, interface):
         """MAC address, as the line has it, IP address, broadcast address and netmask."""
@@ -149,7 +145,8 @@ class Desk:
 
     def processes(self):
         """Those of the sessions, the device's, and its supervisor."""
-        supervisor = psutil.Process(int(self.up()[0])).parent()
+        device, *_ = (self.state / "up").read_text().split()
+        supervisor = psutil.Process(int(device)).parent()
         parents = [supervisor, *(psutil.Process(child.pid) for child in self.spawned if child.isalive())]
         return sum((parent.children(recursive=True) for parent in parents), parents)
 

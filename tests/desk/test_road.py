@@ -1,5 +1,6 @@
 """The road of a change on the whole device: terminal, console, segment, flash partition, voice daemon."""
 
+import pathlib
 import re
 import signal
 import socket
@@ -80,19 +81,15 @@ def test_one_prompt_costs_at_most_one_write_and_one_read(desk, tmp_path):
 
 
 def test_killing_the_session_leaves_nothing_behind(desk):
-    def traces():
-        """The records of a device and the mounts of this desk, among those of the machine."""
-        return re.findall(rf"0x0000(?:04d2|162e|054d) +\d+|.*{desk.state}.*",
-                          subprocess.getoutput("ipcs -m; cat /proc/mounts"))
-
-    before = traces()
     for end in (signal.SIGKILL, signal.SIGHUP, signal.SIGINT):
         child = desk.log_in()
         processes = desk.processes()
         assert len(processes) > 6
+        own_memory = desk.owns_network()  # by namespaces; else the device's records are among the machine's
         child.kill(end)
         child.expect(pexpect.EOF)
         desk.end()
         eventually(lambda: [one for one in psutil.process_iter(["status"])
                             if one in processes and one.info["status"] != psutil.STATUS_ZOMBIE], lambda left: not left)
-    assert traces() == before
+        assert str(desk.state) not in pathlib.Path("/proc/mounts").read_text()
+        assert own_memory or not re.search("0x0000(04d2|162e|054d)", subprocess.getoutput("ipcs -m"))

@@ -1,5 +1,10 @@
+import signal
+
 import pytest
 from desk import Desk
+
+# Where whoever started us ignores it, the statuses of our children are lost.
+signal.signal(signal.SIGCHLD, signal.SIG_DFL)
 
 
 @pytest.fixture(scope="session", autouse=True)

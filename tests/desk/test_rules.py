@@ -2,24 +2,53 @@
 
 import re
 
-SCHEDULE, SOURCE, HOME = "1/8/5/17/30/5/1", "203.0.113.1/203.0.113.9", "192.168.1.10/192.168.1.20"
+SCHEDULE = {"Schedule?": "1", "Start Time Hour?": "8", "Start Time Minute?": "5", "End Time Hour?": "17",
+            "End Time Minute?": "30", "Start Day?": "5", "End Day?": "1"}
+HOME = {"Start IP?": "192.168.1.10", "End IP?": "192.168.1.20"}
 # Item of the menu, answers after "Enable this rule?", how the rule reads in force.
-TABLES = [
-    ("1", f"192.168.1.10/2/80/8080/{SCHEDULE}",
+RULES = [
+    ("Virtual Server Setting",
+     {"Private IP?": "192.168.1.10", "Protocol Type?": "2", "Private Port?": "80", "Public Port?": "8080", **SCHEDULE},
      "virtual server {}: TCP and UDP port 8080 to 192.168.1.10 port 80, 8:05-17:30 on Sun Mon Fri Sat"),
-    ("2", "6112/1/6113/6119/0/0", "special application {}: UDP to port 6112 opens TCP ports 6113-6119, always"),
-    ("4", "0/10.9.8.7/255.255.0.0/192.168.1.9", "-net 10.9.0.0 netmask 255.255.0.0 gw 192.168.1.9"),
-    ("4", "1/10.9.8.7/203.0.113.2", "-host 10.9.8.7 gw 203.0.113.2"),
-    ("5", f"02:00:5e:aa:BB:0c/{SCHEDULE}", "MAC filter {}: 02:00:5e:aa:bb:0c, 8:05-17:30 on Sun Mon Fri Sat"),
-    ("6", f"{HOME}/1/1023/0/0", "IP filter {}: 192.168.1.10-192.168.1.20 TCP ports 1-1023, always"),
-    ("7", f"{HOME}/a=b;$(reboot) %s", "URL filter {}: 192.168.1.10-192.168.1.20: a=b;$(reboot) %s"),
-    ("8", f"{HOME}/ads.example.com", "domain filter {}: 192.168.1.10-192.168.1.20: ads.example.com"),
-    ("9", f"1/0/{SOURCE}/1/{HOME}/0/80/81/{SCHEDULE}",
-     "firewall {}: allow TCP from WAN 203.0.113.1-203.0.113.9 to LAN 192.168.1.10-192.168.1.20 ports 80-81, "
+    ("Application Setting",
+     {"Trigger Port?": "6112", "Trigger Type?": "1", "Public Port Start?": "6113", "Public Port End?": "6119",
+      "Public Type?": "0", "Schedule?": "0"},
+     "special application {}: UDP to port 6112 opens TCP ports 6113-6119, always"),
+    ("Static Route Setting",
+     {"Type?": "0", "Target?": "10.9.8.7", "Netmask?": "255.255.0.0", "Gateway?": "192.168.1.9"},
+     "-net 10.9.0.0 netmask 255.255.0.0 gw 192.168.1.9"),
+    ("Static Route Setting", {"Type?": "1", "Target?": "10.9.8.7", "Gateway?": "203.0.113.2"},
+     "-host 10.9.8.7 gw 203.0.113.2"),
+    ("MAC Filter", {"MAC Address": "02:00:5e:aa:BB:0c", **SCHEDULE},
+     "MAC filter {}: 02:00:5e:aa:bb:0c, 8:05-17:30 on Sun Mon Fri Sat"),
+    ("IP Filter", {**HOME, "Start Port?": "1", "End Port?": "1023", "Type?": "0", "Schedule?": "0"},
+     "IP filter {}: 192.168.1.10-192.168.1.20 TCP ports 1-1023, always"),
+    ("URL Filter", {**HOME, "URL Filter String?": "a=b;$(reboot) %s"},
+     "URL filter {}: 192.168.1.10-192.168.1.20: a=b;$(reboot) %s"),
+    ("Domain Filter", {**HOME, "Domain Filter String?": "ads.example.com"},
+     "domain filter {}: 192.168.1.10-192.168.1.20: ads.example.com"),
+    ("Firewall Setting",
+     {"Action?": "1", "Source interface?": "2", "Source IP Range Start?": "203.0.113.1",
+      "Source IP Range End?": "203.0.113.9", "Destination IP Range Start?": "192.168.1.10",
+      "Destination IP Range End?": "192.168.1.20", "Protocol?": "0", "Destination Port Start?": "80",
+      "Destination Port End?": "81", **SCHEDULE},
+     "firewall {}: allow TCP from any 203.0.113.1-203.0.113.9 to WAN 192.168.1.10-192.168.1.20 ports 80-81, "
      "8:05-17:30 on Sun Mon Fri Sat"),
-    ("9", f"/2/{SOURCE}//{HOME}/3/0",
-     "firewall {}: deny ICMP from any 203.0.113.1-203.0.113.9 to WAN 192.168.1.10-192.168.1.20, always"),
 ]
+
+
+def table(item, *answers, switch="1"):
+    """Answers in a table of rules; the filters and the firewall ask for their switch first."""
+    switched = "Filter" in item or "Firewall" in item
+    return {f"Enable {item.removesuffix(' Setting')} Function?": switch} if switched else {}, *answers
+
+
+def add(answers, enable="1"):
+    return {"Add new rule": "0", "Enable this rule?": enable, **answers}
+
+
+def delete(rule):
+    return {"Add new rule": "1", "What item": rule, "Del or Edit": "0"}
 
 
 def in_force(desk):
@@ -29,16 +58,18 @@ def in_force(desk):
 
 def test_a_rule_of_each_table_is_in_force_from_add_to_delete(desk):
     child = desk.log_in()
-    for item, answers, line in TABLES:
-        # The tables from the MAC filter on have a switch. One rule is off by that or of its own; the next one is on.
-        switch, off, on = ("1/", "0/0/1/", "1/0/1/") if item >= "5" else ("", "0/0/", "0/1/")
-        both = [line.format(0), line.format(1)] if switch else [line.format(1)]
-        for change, expected in ((off + answers, []), (on + answers, both), (switch + "1/0/0", both[-1:]),
-                                 (switch + "1/1/0", [])):
-            desk.choose(child, f"1/{item}/{change}")
+    for item, answers, line in RULES:
+        # The first rule is off by the table's switch, or of its own where there is none; the second one is on.
+        switched = len(table(item)[0])
+        both = [line.format(0), line.format(1)] if switched else [line.format(1)]
+        for change, switch, expected in ((add(answers, enable="1" if switched else "0"), "0", []),
+                                         (add(answers), "1", both), (delete("0"), "1", both[-1:]),
+                                         (delete("1"), "1", [])):
+            child.visit("Advanced Network Setting", item, *table(item, change, switch=switch))
             assert in_force(desk) == expected
-            routes = desk.inside("/sbin/route", "-n").count("\n10.9.")
-            assert routes == (len(expected) if item == "4" and desk.owns_network() else 0)
+            if desk.owns_network():
+                routes = desk.inside("/sbin/route", "-n").count("\n10.9.")
+                assert routes == (len(expected) if "Route" in item else 0)
 
 
 def test_stored_rules_are_in_force_from_boot_whatever_they_are_and_translation_and_upnp_follow_their_switches(desk):
@@ -47,10 +78,16 @@ def test_stored_rules_are_in_force_from_boot_whatever_they_are_and_translation_a
     child = desk.log_in()
     stored, dmz = in_force(desk), ["DMZ host: 192.168.1.33"]
     assert stored == ["MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat"]
-    server, upnp = [TABLES[0][2].format(0)], ["UPnP: programs of the LAN open ports at 192.168.1.1"]
-    for visit, nat, ports in (("1/1/0/1/" + TABLES[0][1], server, []), ("1/0///////1/192.168.1.33", dmz + server, []),
-                              ("1/3/1", dmz + server, upnp), ("1/0/0", [], upnp), ("1/3/1", [], []),
-                              ("1/0/1//////0", server, []), ("1/3/", server, upnp), ("1/3/0", server, [])):
-        desk.choose(child, visit)
+    server, upnp = [RULES[0][2].format(0)], ["UPnP: programs of the LAN open ports at 192.168.1.1"]
+    for item, answers, nat, ports in (
+            ("Virtual Server Setting", add(RULES[0][1]), server, []),
+            ("NAT Setting", {"DMZ Enable?": "1", "DMZ Lan IP": "192.168.1.33"}, dmz + server, []),
+            ("UPNP Setting", {"UPNP Enable?": "1"}, dmz + server, upnp),
+            ("NAT Setting", {"NAT Enable?": "0"}, [], upnp),
+            ("UPNP Setting", {"UPNP Enable?": "1"}, [], []),
+            ("NAT Setting", {"NAT Enable?": "1", "DMZ Enable?": "0"}, server, []),
+            ("UPNP Setting", {"UPNP Enable?": ""}, server, upnp),
+            ("UPNP Setting", {"UPNP Enable?": "0"}, server, [])):
+        child.visit("Advanced Network Setting", item, answers)
         assert in_force(desk) == nat + stored + ports
     assert "nat.sh: asked to stop" in desk.log() and "nat.sh: rules in force: 0" in desk.log()

@@ -1,5 +1,7 @@
 """What the desk's web server stores and reads, and what a person is told about it."""
 
+import pexpect
+
 
 def test_lines_that_cannot_be_used_are_told_by_number_and_a_half_written_dump_replaces_nothing(desk):
     desk.store("#ver.1.10\nsip_port=5099\nno_such_setting=1\nsession_timer=soon\nlan_ip=10.1.1.1\n\x01\xff")
@@ -27,4 +29,6 @@ def test_show_and_reset_and_boot_know_their_limits(desk):
     child = desk.console()
     assert "The desk is up" in desk.run("--reset").stderr and desk.partition.exists()
     child.sendintr()
+    child.expect(pexpect.EOF)
+    desk.end()
     assert desk.run("--reset").returncode == 0 and not desk.partition.exists()

@@ -1,19 +1,17 @@
 """The voice daemon: what it takes over, what it answers, and the calls it has, as the status pages show them."""
 
 import re
-import time
+
+from desk import eventually
 
 # A call in the call log: duration, phone and reason.
 CALL = re.compile(r"\n\d+ *\| *(\d+)\| +([12])\|(.*)\r\n(?:.*\n){3}(?:dial out |call in  )"
                   r"(?:\|(?:[\d/]{10} [\d:]{8}|0 {18}) ){3}\r\n")
 
 
-def counters(desk, child, until):
+def counters(child, until):
     """Those of the line-state page, row by row, as soon as the page looks like that."""
-    deadline = time.monotonic() + 20
-    while not re.search(until, page := desk.choose(child, "5/2"), re.S):
-        assert time.monotonic() < deadline, page
-        time.sleep(0.1)
+    page = eventually(lambda: child.visit("Status", "Line State"), lambda page: re.search(until, page, re.S))
     return [int(count) for count in re.findall(r"(?<=\|) +(\d+)(?=[|\r])", page)]
 
 
@@ -31,22 +29,23 @@ phone_book[3].phone_number=77
     child = desk.log_in()
     others = 'line 1 "?[31m?%s%n?b" at "sip.example.net", phone book 1, call service on, ' \
         'phone 0 forwards to "5553333", phone 1 busy to "5554444" unanswered to "5555555"\n'
-    assert ': serving SIP port 5060, line 0 "5551000" at "sip.example.net", ' + others in desk.log()
+    served = ': serving SIP port 5060, line 0 "5551000" at "sip.example.net", ' + others
+    eventually(desk.log, lambda log: served in log)
 
     # Of the first phone's first channel: sent, received and lost, each in all and in the call it has.
-    some = counters(desk, child, r"\ntalking +\|\w+ +\|(registered +[|\r]){2}.* 1  \|   0   \| +\d+\| +[1-9]")
-    more = counters(desk, child, r" 1  \|   0   \|[^\r]* [1-9]\d*\r")
+    some = counters(child, r"\ntalking +\|\w+ +\|(registered +[|\r]){2}.* 1  \|   0   \| +\d+\| +[1-9]")
+    more = counters(child, r" 1  \|   0   \|[^\r]* [1-9]\d*\r")
     assert len(some) == 24 and all(more[i] > some[i] for i in range(4)) and more[0:6:2] == more[1:6:2]
     # The first phone had no other call yet, the second one that nobody answered.
-    assert CALL.findall(desk.choose(child, "5/3"))[-1][:2] == ("0", "2")
+    assert CALL.findall(child.visit("Status", "Call Detailed Record"))[-1][:2] == ("0", "2")
 
-    desk.choose(child, "2/1//0/" + 16 * "/")  # line 0 is disabled, all of line 1 kept
-    ended = counters(desk, child, r"\ndisabled +\|\w+ +\|disabled +\|registering ")
+    child.visit("SIP setting", "Account Setting", {"Phone 0 Enable?": "0"})
+    ended = counters(child, r"\ndisabled +\|\w+ +\|disabled +\|registering ")
     assert ended[1:12:2] == [0] * 6 and ended[0] >= more[0]
-    reasons = [reason for _, phone, reason in CALL.findall(desk.choose(child, "5/3")) if phone == "1"]
-    assert "Service Unavailable" in reasons
-    assert ": serving SIP port 5060, line 0 disabled, " + others.replace("?b", "") in desk.log()  # the prompt cut it
-    assert "secret" not in desk.log()
+    calls = CALL.findall(child.visit("Status", "Call Detailed Record"))
+    assert "Service Unavailable" in [reason for _, phone, reason in calls if phone == "1"]
+    served = ": serving SIP port 5060, line 0 disabled, " + others.replace("?b", "")  # the prompt cut it
+    assert served in desk.log() and "secret" not in desk.log()
 
 
 def test_past_calls_are_shown_whether_the_desk_was_up_or_not(desk):
@@ -54,9 +53,9 @@ def test_past_calls_are_shown_whether_the_desk_was_up_or_not(desk):
     child = desk.log_in()
     with open(desk.partition.with_name("6"), "ab") as file:
         file.write(b"1|5550000|0|0|0|1002|0\n\xff|1|1|1|1|1|1|1\n0|cut o")
-    assert len(CALL.findall(desk.choose(child, "5/3"))) == 3
+    assert len(CALL.findall(child.visit("Status", "Call Detailed Record"))) == 3
     assert desk.run("--calls", "1000").stderr == "The call log has 1000 past calls.\n"
     assert desk.partition.with_name("6").read_bytes().count(b"\n") == 1000
-    reasons = [reason for _, _, reason in CALL.findall(desk.choose(child, "5/3"))]
+    reasons = [reason for _, _, reason in CALL.findall(child.visit("Status", "Call Detailed Record"))]
     assert (len(reasons), len(set(reasons))) == (100, 36)
     assert desk.run("--calls", "1001").returncode == desk.run("--calls", "x").returncode == 1

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "input.h"
+#include "menus/menu_tree.h"
 #include "promises.h"
 #include "support/session.h"
 
@@ -51,10 +52,10 @@ TEST(Faults, LeaveTheSettingsAsTheyWereOrAsTheyWereMeantToBeAndLeakNothing) {
     }
   }
   RecordProperty("faults", std::to_string(faults));
-  for (std::size_t i = 0; i < menus.size() * shell::Submenu::slots; ++i) {
+  for (std::size_t i = 0; i < menus::menu_tree.size() * shell::Submenu::slots; ++i) {
     const std::size_t submenu = i / shell::Submenu::slots, item = i % shell::Submenu::slots;
     const std::string name = std::to_string(submenu) + "-" + std::to_string(item);
-    EXPECT_TRUE(menus[submenu]->handler(item) == nullptr || items.count(name) > 0)
+    EXPECT_TRUE(menus::menu_tree[submenu]->handler(item) == nullptr || items.count(name) > 0)
         << name << " has no session";
   }
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "menus/menu_tree.h"
 #include "shell/session.h"
 #include "support/sheet.h"
 
@@ -36,8 +37,7 @@ const string submenus[] = {
 string shown(Device& desk, const string& typed) {
   EXPECT_EQ(run_session(desk, "admin\nadmin\n" + typed), 1);
   const string login = "Username:Password:" + main_menu + prompt;
-  return desk.transcript.starts_with(login) ? desk.transcript.substr(login.size())
-                                            : "not in: " + desk.transcript;
+  return desk.transcript.starts_with(login) ? desk.transcript.substr(login.size()) : "not in: " + desk.transcript;
 }
 
 TEST(Menus, ObeyEveryLine) {
@@ -107,10 +107,9 @@ TEST(Login, ClaimsTheRecordAndGivesItBack) {
 
 TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
   const string n31(31, 'n');
-  std::istringstream cases(
-      "admin admin yes admin adminx no admin admi no admin Admin no admin - no - - yes - x no " + n31 + " " +
-      n31 + " yes " + n31 + " " + n31 + "anything yes " + n31 + " " + string(30, 'n') + " no " + n31 + "x " +
-      n31 + "y yes " + n31 + " " + string(512, 'n') + " yes");
+  std::istringstream cases("admin admin yes admin adminx no admin admi no admin Admin no admin - no - - yes - x no " +
+                           n31 + " " + n31 + " yes " + n31 + " " + n31 + "anything yes " + n31 + " " + string(30, 'n') +
+                           " no " + n31 + "x " + n31 + "y yes " + n31 + " " + string(512, 'n') + " yes");
   for (string stored, typed, matches; cases >> stored >> typed >> matches;) {
     // A line of 512 characters has no room for its line end.
     const string line = replaced(typed, "-", "") + (typed.size() == 512 ? "" : "\n");
@@ -167,7 +166,7 @@ TEST(Session, ReadsNoMoreWhenItsOutputIsLost) {
   use_device(pasted);
   pasted.input = {"admin\n", "admin\n", port + timer};
   pasted.on_wait = [&](std::size_t wait) { pasted.failing.insert(wait == 2 ? "output" : ""); };
-  EXPECT_EQ(run_to_exit([] { shell::run_console(menus); }), 1);
+  EXPECT_EQ(run_to_exit([] { shell::run_console(menus::menu_tree); }), 1);
   EXPECT_EQ(differences(Desk().settings, pasted.settings), "sip_port=5070");
 }
 

@@ -4,20 +4,73 @@
 
 #include <algorithm>
 #include <cstring>
+#include <sstream>
 
 #include "config/field_table.h"
-#include "menus/advanced/submenu.h"
-#include "menus/network/submenu.h"
-#include "menus/sip/submenu.h"
-#include "menus/status/submenu.h"
-#include "menus/tools/submenu.h"
-#include "menus/voip/submenu.h"
+#include "menus/menu_tree.h"
 #include "shell/session.h"
 
 namespace tests {
+namespace {
 
-const shell::MenuTree menus = {&menus::network::submenu, &menus::advanced::submenu, &menus::sip::submenu,
-                               &menus::voip::submenu,    &menus::tools::submenu,    &menus::status::submenu};
+using std::string;
+
+// A question nobody answers rightly would be asked for ever.
+constexpr std::size_t most_questions = 300;
+
+// The number before a label on a screen.
+string number_before(const string& label, std::string_view screen) {
+  std::istringstream lines{string(screen)};
+  for (string line; std::getline(lines, line);) {
+    if (const std::size_t colon = line.find(':'); colon < line.size() && line.substr(colon + 1) == label) {
+      return line.substr(0, colon);
+    }
+  }
+  ADD_FAILURE() << "no menu has \"" << label << "\"";
+  return "99";
+}
+
+std::size_t submenu_number(const Item& item) {
+  const auto found = std::ranges::find_if(
+      menus::menu_tree, [&](const shell::Submenu* submenu) { return submenu->label() == item.submenu; });
+  return static_cast<std::size_t>(found - menus::menu_tree.begin());
+}
+
+// What leads to the item, and the screen of its submenu with the prompt below.
+struct Way {
+  string typed, submenu;
+
+  explicit Way(const Item& item) {
+    const std::size_t number = submenu_number(item);
+    const string screen(menus::menu_tree.at(number)->screen());
+    typed = "admin\nadmin\n" + std::to_string(number) + "\n" + number_before(item.label, screen) + "\n";
+    submenu = screen + menu_prompt;
+  }
+};
+
+constexpr std::size_t waits_on_the_way = 4;
+
+// Of a visit that is over.
+string shown_by(const Device& device, const Way& way) {
+  const string end = way.submenu + "Bye Bye!!\n";
+  const string shown = device.transcript.substr(device.waits.at(waits_on_the_way - 1));
+  EXPECT_EQ(device.open_descriptors + device.attached_segments, 0);
+  EXPECT_EQ(differences(device.saved.value_or(device.settings), device.settings), "") << "changed after it was saved";
+  return shown.substr(0, shown.size() - (shown.ends_with(end) ? end.size() : 0));
+}
+
+}  // namespace
+
+string silently(const string& command) {
+  return "{" + command + " > /dev/null 2>&1}";
+}
+
+string replaced(string text, std::string_view what, std::string_view by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != string::npos; at += by.size()) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
 
 Desk::Desk() {
   login.idle_timeout = 300;
@@ -44,31 +97,50 @@ int run_session(Device& device, std::string_view input) {
     device.input.emplace_back(input.substr(0, length));
     input.remove_prefix(length);
   }
-  return run_to_exit([] { shell::run_console(menus); });
+  return run_to_exit([] { shell::run_console(menus::menu_tree); });
 }
 
-std::string visit(Device& device, int submenu, int item, std::string_view answers) {
-  const std::string path = std::to_string(submenu) + "\n" + std::to_string(item) + "\n";
-  run_session(device, "admin\nadmin\n" + path + std::string(answers));
-  const std::size_t submenu_shown = device.waits.at(2), begin = device.waits.at(3);
-  const std::string menu = device.transcript.substr(submenu_shown, begin - submenu_shown) + "Bye Bye!!\n";
-  const std::string shown = device.transcript.substr(begin);
-  EXPECT_EQ(device.open_descriptors + device.attached_segments, 0);
-  EXPECT_EQ(differences(device.saved.value_or(device.settings), device.settings), "")
-      << "changed after it was saved";
-  return shown.substr(0, shown.size() - (shown.ends_with(menu) ? menu.size() : 0));
+string visit_typing(Device& device, const Item& item, const string& lines) {
+  const Way way(item);
+  run_session(device, way.typed + lines);
+  return shown_by(device, way);
 }
 
-std::string differences(const config::ConfigurationSegment& before,
-                        const config::ConfigurationSegment& after) {
-  std::string found;
+string visit(Device& device, int submenu, int item, std::string_view answers) {
+  const shell::Submenu& menu = *menus::menu_tree.at(static_cast<std::size_t>(submenu));
+  std::istringstream lines{string(menu.screen())};
+  const string number = std::to_string(item) + ":";
+  string line;
+  while (std::getline(lines, line) && !line.starts_with(number)) {
+  }
+  return visit_typing(device, {string(menu.label()), line.substr(number.size())}, string(answers));
+}
+
+string visit(Device& device, const Item& item, const Answers& answers) {
+  const Way way(item);
+  std::size_t answered = 0;
+  device.on_wait = [&, others = device.on_wait](std::size_t wait) {
+    others(wait);
+    const string asked = device.transcript.substr(wait == 0 ? 0 : device.waits[wait - 1]);
+    if (wait < waits_on_the_way || wait > most_questions || asked.ends_with(way.submenu)) {
+      return;
+    }
+    const bool named = answered < answers.size() && asked.find(answers[answered].question) != string::npos;
+    device.input.push_back((named ? answers[answered++].typed : "") + "\n");
+  };
+  run_session(device, way.typed);
+  EXPECT_EQ(answered, answers.size()) << "never asked: " << answers[std::min(answered, answers.size() - 1)].question;
+  return shown_by(device, way);
+}
+
+string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after) {
+  string found;
   const bool some = std::memcmp(&before, &after, sizeof before) != 0;
   for (const config::Field& field : config::field_table()) {
     for (std::size_t i = 0; i < field.count && some; ++i) {
-      const auto old_bytes = config::field_bytes(field, i, before),
-                 new_bytes = config::field_bytes(field, i, after);
+      const auto old_bytes = config::field_bytes(field, i, before), new_bytes = config::field_bytes(field, i, after);
       if (!std::equal(old_bytes.begin(), old_bytes.end(), new_bytes.begin())) {
-        const std::string value = config::field_value(field, i, after);
+        const string value = config::field_value(field, i, after);
         found += (found.empty() ? "" : " ") + config::field_name(field, i) + "=" + value;
         found += value == config::field_value(field, i, before) ? " (bytes behind it)" : "";
       }

@@ -3,14 +3,40 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "shell/menu.h"
 #include "support/device.h"
 
 namespace tests {
 
-// The real one, as in main.cpp.
-extern const shell::MenuTree menus;
+// ---- What the console says in many places; "{...}" is what it does ----
+
+inline const std::string keep_with_enter =
+    "Please answer the question and use [enter] to keep original setting value\n\n";
+inline const std::string wrong_choice = "Your select is wrong!!\n\n";
+inline const std::string illegal_value = "Your input value is illegal!!\n\n";
+inline const std::string setting_saved = "Setting Save!!\n\n";
+inline const std::string ip_range_error = "IP Range Error!!\n\n";
+inline const std::string table_full = "No more space to creat new rule!!\n\n";
+inline const std::string port_range_error = "Port Range Error!!\n\n";
+inline const std::string menu_prompt = "[4830NT]#";
+inline const std::string save = "{uninterrupted /opt/httpd/sbin/web_server dumpshare}";
+inline const std::string save_and_tell_daemon = save + setting_saved + "{attach 1357}{voice change 1}";
+
+// The command as the transcript has it when its output goes nowhere.
+std::string silently(const std::string& command);
+
+// `text` with `by` wherever it had `what`.
+std::string replaced(std::string text, std::string_view what, std::string_view by);
+
+// One list, then the other.
+template <typename Element>
+std::vector<Element> operator+(std::vector<Element> list, const std::vector<Element>& more) {
+  list.insert(list.end(), more.begin(), more.end());
+  return list;
+}
+
+// ---- Sessions ----
 
 // A device with a user admin/admin, an idle time-out of 300 seconds, all slots free and everything else 0.
 struct Desk : Device {
@@ -22,15 +48,31 @@ struct Desk : Device {
 // Runs the console over the whole input, to its end, and returns the exit status.
 int run_session(Device& device, std::string_view input);
 
-// Logs in, opens the submenu and the item, types the answers (each ended by "\n") and closes the connection.
-// Holds the visit to what is true of every dialogue: nothing is left open, and what was saved is what is
-// stored. Returns what is shown from the item's first prompt on, commands and the like as "{...}", up to the
-// submenu that is shown again; it ends with "Bye Bye!!\n" when the console did not get back to it.
+// By the labels on the screen.
+struct Item {
+  std::string submenu, label;
+};
+
+// What is typed at the first question from here on that shows these words.
+struct Answer {
+  std::string question, typed;
+};
+using Answers = std::vector<Answer>;
+
+// Logs in, opens the submenu and the item, answers, and closes the connection when the submenu is shown again
+// or, in the first form, when all is typed. Holds the visit to what is true of every dialogue: nothing is
+// left open, and what was saved is what is stored. Returns what is shown from the item's first words on,
+// commands and the like as "{...}", up to the submenu; it ends with "Bye Bye!!\n" when the console did not
+// get there.
+std::string visit_typing(Device& device, const Item& item, const std::string& lines);
+// Enter at every question that is not named. Each one named has to be asked.
+std::string visit(Device& device, const Item& item, const Answers& answers);
+
+// The first form with a menu's and an item's number.
 std::string visit(Device& device, int submenu, int item, std::string_view answers);
 
 // "name=value" of every element that differs, separated by blanks; in reserved ranges and behind a NUL as
 // well.
-std::string differences(const config::ConfigurationSegment& before,
-                        const config::ConfigurationSegment& after);
+std::string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after);
 
 }  // namespace tests

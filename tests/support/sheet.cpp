@@ -13,13 +13,6 @@ namespace tests {
 
 using std::string;
 
-string replaced(string text, std::string_view what, std::string_view by) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != string::npos; at += by.size()) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
-}
-
 namespace {
 
 string repeated(string text) {
@@ -55,9 +48,9 @@ const std::map<string, string> kinds = {
 // The same of numbers and texts.
 string range_words(std::uint64_t low, std::uint64_t high) {
   const string lowest = std::to_string(low), highest = std::to_string(high);
-  return lowest + " " + highest + " 0" + lowest + ">" + lowest + " ! " + highest + "x -" + highest + " +" +
-         highest + " " + std::to_string(high + 1) + " " + std::to_string((std::uint64_t{1} << 32) + low) +
-         " " + (low > 0 ? std::to_string(low - 1) : "-1") + " " + highest + string("\0 x\0", 4);
+  return lowest + " " + highest + " 0" + lowest + ">" + lowest + " ! " + highest + "x -" + highest + " +" + highest +
+         " " + std::to_string(high + 1) + " " + std::to_string((std::uint64_t{1} << 32) + low) + " " +
+         (low > 0 ? std::to_string(low - 1) : "-1") + " " + highest + string("\0 x\0", 4);
 }
 
 string text_words(const string& kind, std::size_t longest) {
@@ -205,9 +198,7 @@ class Sheet {
  private:
   bool adding() const { return !meaning_.at("&vacant").empty(); }
 
-  string full_name(const string& name) const {
-    return config::find_field(name) ? name : meaning_.at("&record") + name;
-  }
+  string full_name(const string& name) const { return config::find_field(name) ? name : meaning_.at("&record") + name; }
 
   void set(Desk& desk, const string& settings) const {
     std::istringstream words(settings);
@@ -229,8 +220,7 @@ class Sheet {
   void read_row(string row) {
     const string setting = column(row), text = column(row);
     string answers = column(row);
-    Question question{
-        .field = full_name(setting.substr(0, setting.find('='))), .text = text, .adding = adding()};
+    Question question{.field = full_name(setting.substr(0, setting.find('='))), .text = text, .adding = adding()};
     question.follows = !row.empty() ? column(row) : refusal_ == "again" && !text.empty() ? "\n" : "";
     question.follows_enter = row.empty() ? question.follows : column(row);
     const string usual = column(answers, "-> ");
@@ -278,8 +268,7 @@ class Sheet {
     Desk desk = road.desk;
     const string typed = in_full(road.typed), expected = in_full(shown);
     const string seen = visit(desk, submenu_, item_, typed);
-    EXPECT_EQ(whole ? seen : seen.substr(seen.size() - std::min(seen.size(), expected.size())), expected)
-        << typed;
+    EXPECT_EQ(whole ? seen : seen.substr(seen.size() - std::min(seen.size(), expected.size())), expected) << typed;
     EXPECT_EQ(differences(road.expected.settings, desk.settings), "") << typed;
   }
 
@@ -306,8 +295,7 @@ class Sheet {
       for (const string& refused : question.refused) {
         Road end{.desk = stored_, .typed = road.typed + refused + (refusal_ == "again" ? "\nq\n" : "\n")};
         end.typed += "&leave";
-        expect(end,
-               road.shown + question.message + (refusal_ == "again" ? asked + "q:Exit\n" : "") + "&left");
+        expect(end, road.shown + question.message + (refusal_ == "again" ? asked + "q:Exit\n" : "") + "&left");
       }
       answer(road, question, question.accepted[0]);
     }

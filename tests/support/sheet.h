@@ -47,7 +47,4 @@ namespace tests {
 // whole transcript, and nothing is saved or changes.
 void hold(const std::string& sheets, const Desk& desk = {});
 
-// `text` with `by` wherever it had `what`.
-std::string replaced(std::string text, std::string_view what, std::string_view by);
-
 }  // namespace tests

@@ -2,76 +2,125 @@
 
 #include <cstring>
 
-#include "support/sheet.h"
+#include "support/dialogue.h"
 
 namespace tests {
 namespace {
 
-TEST(Sip, Sheets) {
-  const std::string basic = R"(== basic: 2 0 illegal
-sip_port=5060 | SIP Port Number?<$>(1024~65535): | 1024..65535
-session_timer=1800 | Session Timer?<$>(1~65535): | 1..65535
-media_port_start=10000 | Media Port Start?<$>(1024~65535): | 1024..65535
-media_port_end=20000 | Media Port End?<$>(1024~65535): | 1024..65535
-rtcp_port=5005 | RTCP Port?<$>(1024~65535): | 1024..65535
-sip_transport=1 | SIP Transport by?<$>(1:UDP,2:TCP): | [12]
-sip_time_interval=500 | SIP Time Interval?<$>(100~1000): | 100..1000
-invite_timeout=60 | Timeout for Invite?<$>(1~100): | 1..100
-ring_back_timeout=180 | Timeout for Ring Back?<$>(1~1000): | 1..1000
-release_timeout=5 | Timeout for Release?<$>(4~10): | 4..10
-registration_retry_count=3 | Registration Retry Count?<$>(0~65535): | 0..65535
-registration_retry_interval=30 | Registration Retry Interval?<$>(0~65535): | 0..65535
-ping_interval=20 | PING Interval?<$>(0~65535): | 0..65535
-sip_host_name=gateway | Host Name?<$>(MAX Character:35): | text 35 empties
-)";
-  hold(basic + R"(
-> 5070//20000/19999/|5070//20001//|5070///9999/ | End?<20000>(1024~65535):&ports |
-> 5070//20000/20000/ /*10 | &ending | sip_port=5070 media_port_start=20000
-== account: 2 1 illegal
-auth_expire_time=3600 | Authentication Expire Time?<$>(60~65535): | 60..65535
-for # 0 1
-sip_line[#].phone_enable=1 | Phone # Enable?<$>(0:Disable,1:Enable): | [01] as 1 ! 2 01
-sip_line[#].phone_number=5 | Phone Number?<$>(MAX Character:15): | text 15 empties
-sip_line[#].display_name=d | Display Name?<$>(MAX Character:35): | text 31 empties
-sip_line[#].auth_user_name=u | Authentication User Name?<$>(MAX Character:35): | text 31 empties
-sip_line[#].auth_password=pw | Authentication Password?<$>(MAX Character:23): | text 23 empties
-sip_line[#].mwi_user_name=m | MWI User Name?<$>(MAX Character:35): | text 31 empties
-sip_line[#].mwi_auth_user_name=ma | MWI Authentication User Name?<$>(MAX Character:35): | text 31 empties
-sip_line[#].mwi_auth_password=mp | MWI Authentication Password?<$>(MAX Character:23): | text 23 empties
-sip_line[#].mwi_refresh_timeout=9 | MWI Reflash Timeout?<$>(1~65535): | 60..65535
-sip_line[#].p_asserted_enable=1 | P-Asserted Enable?<$>(0:Disable,1:Enable): | [01] as 1
-sip_line[#].asserted_identity_uri=i | Asserted Identity URI?<$>(MAX Character:35): | text 31 empties
-sip_line[#].asserted_identity_display_name=i | Asserted Identity Display Name?<$>(MAX Character:35): \
-| text 32 empties
-sip_server[#].sip_domain_name=s | SIP Domain Name?<$>(MAX Character:127): | text 127 empties
-sip_server[#].registrar_address=r | Registar Server Address?<$>(MAX Character:63): | text 63 empties
-sip_server[#].registrar_port=0 | Registar Server Port?<$>(1024~65535): | 1024..65535
-sip_server[#].proxy_address=p | Proxy Server Address?<$>(MAX Character:63): | text 63 empties
-sip_server[#].proxy_port=5060 | Proxy Server Port?<$>(1024~65535): | 1024..65535
-sip_server[#].use_outbound_proxy=1 | Use Outbound Proxy for Session?<$>(0:Disable,1:Enable): | [01] as 1
-sip_server[#].outbound_proxy_address=o | Outbound Proxy Server Address?<$>(MAX Character:63): | text 63 empties
-sip_server[#].outbound_proxy_port=5062 | Outbound Proxy Server Port?<$>(1024~65535): | 1024..65535
-sip_server[#].dns_srv_support=1 | DNS SRV support?<$>(0:Disable,1:Enable): | [01]
-end
-> /*10 0/ /*5 0/ /*10 0/ /*5 0// | &ending | sip_line[0].p_asserted_enable=0 sip_line[0].asserted_identity_uri= \
-sip_line[0].asserted_identity_display_name= sip_server[0].use_outbound_proxy=0 \
-sip_server[0].outbound_proxy_address= sip_server[0].outbound_proxy_port=0 sip_line[1].p_asserted_enable=0 \
-sip_line[1].asserted_identity_uri= sip_line[1].asserted_identity_display_name= sip_server[1].use_outbound_proxy=0 \
-sip_server[1].outbound_proxy_address= sip_server[1].outbound_proxy_port=0
-== NAT traversal: 2 2 illegal
-stun_enable=1 | STUN Enable?<$>(0:Disable,1:Enable): | [01] as 1
-stun_server=old | STUN Server IP/URL?<$>: | text 63 empties
-sip_upnp_enable=0
-= sip_upnp_enable=1 > // | STUN Server IP/URL?<old>:&ending | sip_upnp_enable=0
-> 0/2/ | &keepSTUN Enable?<1>(0:Disable,1:Enable):UPNP Enable?<1>(0:Disable,1:Enable):&illegal |
-> 0// | UPNP Enable?<1>(0:Disable,1:Enable):&ending | stun_enable=0 stun_server=
-> 2/|01/|x/ | STUN Enable?<1>(0:Disable,1:Enable):&illegal |
-= stun_enable=0 > // | UPNP Enable?<0>(0:Disable,1:Enable):&ending | stun_server=
-> /1/ | &ending | sip_upnp_enable=1 stun_server=
-)");
-  Desk without_flag;
-  without_flag.failing = {"attach 1357"};
-  hold(basic + "&ending=&dump&saved{cfgid: Permission denied}", without_flag);
+using std::string;
+
+const Item basic_setting = {"SIP setting", "Basic Setting"};
+const Item account_setting = {"SIP setting", "Account Setting"};
+const Item nat_traversal = {"SIP setting", "NAT Traversal"};
+
+Dialogue basic() {
+  auto& sip = fields.sip;
+  return {
+      .item = basic_setting,
+      .refusals = Refusals::as_illegal,
+      .questions =
+          {
+              Question(sip.sip_port, 5060, "SIP Port Number?<%d>(1024~65535):", number(1024, 65535)),
+              Question(sip.session_timer, 1800, "Session Timer?<%d>(1~65535):", number(1, 65535)),
+              Question(sip.media_port_start, 10000, "Media Port Start?<%d>(1024~65535):", number(1024, 65535)),
+              Question(sip.media_port_end, 20000, "Media Port End?<%d>(1024~65535):", number(1024, 65535)),
+              Question(sip.rtcp_port, 5005, "RTCP Port?<%d>(1024~65535):", number(1024, 65535)),
+              Question(sip.sip_transport, 1, "SIP Transport by?<%d>(1:UDP,2:TCP):", one_of("12")),
+              Question(sip.sip_time_interval, 500, "SIP Time Interval?<%d>(100~1000):", number(100, 1000)),
+              Question(sip.invite_timeout, 60, "Timeout for Invite?<%d>(1~100):", number(1, 100)),
+              Question(sip.ring_back_timeout, 180, "Timeout for Ring Back?<%d>(1~1000):", number(1, 1000)),
+              Question(sip.release_timeout, 5, "Timeout for Release?<%d>(4~10):", number(4, 10)),
+              Question(sip.registration_retry_count, 3, "Registration Retry Count?<%d>(0~65535):", number(0, 65535)),
+              Question(sip.registration_retry_interval, 30,
+                       "Registration Retry Interval?<%d>(0~65535):", number(0, 65535)),
+              Question(sip.ping_interval, 20, "PING Interval?<%d>(0~65535):", number(0, 65535)),
+              Question(sip.sip_host_name, "gateway", "Host Name?<%s>(MAX Character:35):", text(35),
+                       {.too_long = TooLong::empties}),
+          },
+      .ending = save_and_tell_daemon,
+  };
+}
+
+TEST(Sip, Basic) {
+  hold(basic());
+  const Desk desk = desk_of(basic());
+  hold(basic_setting, desk,
+       {
+           Visit({{"SIP Port", "5070"}, {"Media Port Start", "20000"}, {"Media Port End", "19999"}},
+                 "End?<20000>(1024~65535):" + port_range_error),
+           Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
+           Visit({{"Media Port End", "9999"}}, "End?<20000>(1024~65535):" + port_range_error),
+           Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000"),
+       });
+}
+
+TEST(Sip, WithoutTheDaemonsFlagTheSettingsAreSavedAllTheSame) {
+  Desk desk = desk_of(basic());
+  desk.failing = {"attach 1357"};
+  hold(basic_setting, desk,
+       {Visit({{"SIP Port", "5070"}}, save + setting_saved + "{cfgid: Permission denied}", "sip_port=5070")});
+}
+
+// ---- Accounts ----
+
+std::vector<Question> questions_of_line(std::size_t i) {
+  auto& line = fields.sip_line[i];
+  auto& server = fields.sip_server[i];
+  const Departures empties = {.too_long = TooLong::empties}, only_on = {.only = {"1"}};
+  return {
+      Question(line.phone_enable, 1, "Phone " + std::to_string(i) + " Enable?<%d>(0:Disable,1:Enable):", one_of("01"),
+               only_on),
+      Question(line.phone_number, "5", "Phone Number?<%s>(MAX Character:15):", text(15), empties),
+      // From here on some prompts announce more characters than their fields hold.
+      Question(line.display_name, "d", "Display Name?<%s>(MAX Character:35):", text(31), empties),
+      Question(line.auth_user_name, "u", "Authentication User Name?<%s>(MAX Character:35):", text(31), empties),
+      Question(line.auth_password, "pw", "Authentication Password?<%s>(MAX Character:23):", text(23), empties),
+      Question(line.mwi_user_name, "m", "MWI User Name?<%s>(MAX Character:35):", text(31), empties),
+      Question(line.mwi_auth_user_name, "ma", "MWI Authentication User Name?<%s>(MAX Character:35):", text(31),
+               empties),
+      Question(line.mwi_auth_password, "mp", "MWI Authentication Password?<%s>(MAX Character:23):", text(23), empties),
+      Question(line.mwi_refresh_timeout, 9, "MWI Reflash Timeout?<%d>(1~65535):", number(60, 65535)),
+      Question(line.p_asserted_enable, 1, "P-Asserted Enable?<%d>(0:Disable,1:Enable):", one_of("01"), only_on),
+      Question(line.asserted_identity_uri, "i", "Asserted Identity URI?<%s>(MAX Character:35):", text(31), empties),
+      Question(line.asserted_identity_display_name, "i",
+               "Asserted Identity Display Name?<%s>(MAX Character:35):", text(32), empties),
+      Question(server.sip_domain_name, "s", "SIP Domain Name?<%s>(MAX Character:127):", text(127), empties),
+      Question(server.registrar_address, "r", "Registar Server Address?<%s>(MAX Character:63):", text(63), empties),
+      Question(server.registrar_port, 0, "Registar Server Port?<%d>(1024~65535):", number(1024, 65535)),
+      Question(server.proxy_address, "p", "Proxy Server Address?<%s>(MAX Character:63):", text(63), empties),
+      Question(server.proxy_port, 5060, "Proxy Server Port?<%d>(1024~65535):", number(1024, 65535)),
+      Question(server.use_outbound_proxy, 1, "Use Outbound Proxy for Session?<%d>(0:Disable,1:Enable):", one_of("01"),
+               only_on),
+      Question(server.outbound_proxy_address, "o", "Outbound Proxy Server Address?<%s>(MAX Character:63):", text(63),
+               empties),
+      Question(server.outbound_proxy_port, 5062, "Outbound Proxy Server Port?<%d>(1024~65535):", number(1024, 65535)),
+      Question(server.dns_srv_support, 1, "DNS SRV support?<%d>(0:Disable,1:Enable):", one_of("01")),
+  };
+}
+
+TEST(Sip, Accounts) {
+  Dialogue accounts = {.item = account_setting, .refusals = Refusals::as_illegal, .ending = save_and_tell_daemon};
+  accounts.questions = {
+      Question(fields.auth_expire_time, 3600, "Authentication Expire Time?<%d>(60~65535):", number(60, 65535))};
+  for (const std::size_t line : {0U, 1U}) {
+    accounts.questions = accounts.questions + questions_of_line(line);
+  }
+  hold(accounts);
+
+  const string off = replaced(
+      "sip_line[0].p_asserted_enable=0 sip_line[0].asserted_identity_uri= "
+      "sip_line[0].asserted_identity_display_name= sip_server[0].use_outbound_proxy=0 "
+      "sip_server[0].outbound_proxy_address= sip_server[0].outbound_proxy_port=0",
+      "[0]", "[1]");
+  hold(account_setting, desk_of(accounts),
+       {Visit({{"Phone 1 Enable", ""}, {"P-Asserted Enable", "0"}, {"Use Outbound Proxy", "0"}}, save_and_tell_daemon,
+              off)});
+  // Other programs may store another value than 1 for on.
+  Desk odd = desk_of(accounts);
+  odd.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
+  odd.set("sip_server[0].use_outbound_proxy", "255");
+  hold(account_setting, odd,
+       {Visit({{"Asserted Identity URI", ""}, {"Outbound Proxy Server Port", ""}}, save_and_tell_daemon)});
 }
 
 // A line that is switched off is cleared, to the last byte, and not asked about.
@@ -79,10 +128,41 @@ TEST(Sip, ADisabledAccount) {
   Desk desk;
   std::memset(&desk.settings.sip_line, 'x', sizeof desk.settings.sip_line);
   std::memset(&desk.settings.sip_server, 'x', sizeof desk.settings.sip_server);
-  visit(desk, 2, 1, "60\n0\n0\n");
+  visit(desk, account_setting, {{"Expire", "60"}, {"Phone 0", "0"}, {"Phone 1", "0"}});
   EXPECT_EQ(differences(Desk().set("auth_expire_time", "60").settings, desk.settings),
             "sip_line[0].reserved_278=xx sip_line[1].reserved_278=xx sip_server[0].reserved_259=x "
             "sip_server[1].reserved_259=x sip_server[0].reserved_329=xxx sip_server[1].reserved_329=xxx");
+}
+
+TEST(Sip, NatTraversal) {
+  auto& nat = fields.nat_traversal;
+  const Dialogue stun = {
+      .item = nat_traversal,
+      .refusals = Refusals::as_illegal,
+      .questions = {Question(nat.stun_enable, 1, "STUN Enable?<%d>(0:Disable,1:Enable):", one_of("01"),
+                             {.only = {"1"}}),
+                    Question(nat.stun_server, "old", "STUN Server IP/URL?<%s>:", text(63),
+                             {.too_long = TooLong::empties})},
+      .ending = save_and_tell_daemon,
+  };
+  hold(stun);
+  const Dialogue upnp = {
+      .item = nat_traversal,
+      .refusals = Refusals::as_illegal,
+      .questions = {Question(nat.stun_enable, 0, "STUN Enable?<%d>(0:Disable,1:Enable):", one_of("01"),
+                             {.only = {"0"}}),
+                    Question(nat.sip_upnp_enable, 1, "UPNP Enable?<%d>(0:Disable,1:Enable):", one_of("01"))},
+      .ending = save_and_tell_daemon,
+  };
+  hold(upnp);
+
+  Desk both = desk_of(stun);
+  both.set("sip_upnp_enable", "1");
+  hold(nat_traversal, both,
+       {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0"),
+        Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});
+  both.set("stun_enable", "2");  // counts as on
+  hold(nat_traversal, both, {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0")});
 }
 
 }  // namespace

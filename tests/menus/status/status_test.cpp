@@ -13,13 +13,11 @@ using std::string;
 
 // ---- Device information ----
 
-const string tools[] = {"/bin/date", "/bin/uptime", "route -n | awk '{print $2\" \"$4}' ",
-                        "/sbin/ifconfig eth0"};
-const string usual[] = {
-    "Thu Jan  1 08:00:00 CST 2009\nsecond line\n", " 20:56:11 up 3 days,  4:05,  0 users\n",
-    "IP Flags\nGateway Flags\n10.0.0.9 UGH\n10.0.0.1 UG\n10.0.0.2 UG\n",
-    "eth0 HWaddr 00:11:22:33:44:55  \n inet addr:10.0.0.7  Bcast:10.0.0.255  Mask:255.0.0.0\n",
-    "search lan\nnameserver 10.0.0.53\nnameserver 10.0.1.53\n"};
+const string tools[] = {"/bin/date", "/bin/uptime", "route -n | awk '{print $2\" \"$4}' ", "/sbin/ifconfig eth0"};
+const string usual[] = {"Thu Jan  1 08:00:00 CST 2009\nsecond line\n", " 20:56:11 up 3 days,  4:05,  0 users\n",
+                        "IP Flags\nGateway Flags\n10.0.0.9 UGH\n10.0.0.1 UG\n10.0.0.2 UG\n",
+                        "eth0 HWaddr 00:11:22:33:44:55  \n inet addr:10.0.0.7  Bcast:10.0.0.255  Mask:255.0.0.0\n",
+                        "search lan\nnameserver 10.0.0.53\nnameserver 10.0.1.53\n"};
 
 // Visits to a device whose tools print that; /etc/resolv.conf holds the last. "-" is for one that fails.
 void hold_page(const string& visits, const string (&printed)[5], const string& ppp = "ppp0   Link\n") {
@@ -84,8 +82,7 @@ TEST(DeviceInformation, ShowsEveryKindOfConnectionAndRunsItsScripts) {
 
 TEST(DeviceInformation, ToolsThatFailOrSaySomethingElse) {
   const string many(300, 'x'), one = "nameserver 1.1.1.1\n";
-  hold_page(R"(> | &top\n&up\n&modeWAN Type : Static IP \n&asks\n&gateway\n&nodns |)",
-            {"-", "-", "-", "-", "-"});
+  hold_page(R"(> | &top\n&up\n&modeWAN Type : Static IP \n&asks\n&gateway\n&nodns |)", {"-", "-", "-", "-", "-"});
   hold_page(
       R"(> | &top\n&up\n&modeWAN Type : Static IP \n&asks&mac : \nWAN IP Address : \nWAN Subnet Mask : \n\
 &gateway\n&nodns |)",
@@ -221,8 +218,7 @@ TEST(VoiceDaemon, FailuresHaveTheirCodesAndEndInTime) {
 TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
   string request, reply;
   for (std::size_t i = 0; i < 24; ++i) {
-    request +=
-        string("get rtpstat") + (i < 12 ? "total" : "current") + Strings{"send", "recv", "lost"}[i % 3];
+    request += string("get rtpstat") + (i < 12 ? "total" : "current") + Strings{"send", "recv", "lost"}[i % 3];
     request += Strings{" 0 0\n", " 0 1\n", " 1 0\n", " 1 1\n"}[i / 3 % 4];
     reply += i == 19 ? "-7\n" : i == 20 ? "x\n" : i == 21 ? "4294967296\n" : std::to_string(i) + " packets\n";
   }
@@ -239,8 +235,7 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
             "-----+-------+---------+---------+---------+---------+---------+--------------\n"
             "  2  |   0   |        6|       18|        7|       -7|        8|        0\n"
             "     |   1   |        9|2147483647|       10|       22|       11|       23\n\n");
-  EXPECT_EQ(desk.requests,
-            Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
+  EXPECT_EQ(desk.requests, Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
   const string cut_short = DaemonDesk({"1\n\n2\n"}).page(2);
   EXPECT_NE(cut_short.find("|                   |                   |"), string::npos);
   EXPECT_NE(cut_short.find("  1  |   0   |        1|        0|        2|        0|"), string::npos);
@@ -249,20 +244,18 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
 
 string call(const string& first_row, const string& second_row) {
   const string line = string(78, '-') + "\n";
-  return line + "Phone Num       |Durace time|phone|Reason\n----------------+-----------+-----+" +
-         string(43, '-') + "\n" + first_row + line +
-         "Call type|Call time           |Answer time         |Disconnect time     \n" +
-         "---------+--------------------+--------------------+--------------------------\n" + second_row +
-         line + "\n";
+  return line + "Phone Num       |Durace time|phone|Reason\n----------------+-----------+-----+" + string(43, '-') +
+         "\n" + first_row + line + "Call type|Call time           |Answer time         |Disconnect time     \n" +
+         "---------+--------------------+--------------------+--------------------------\n" + second_row + line + "\n";
 }
 
 TEST(VoiceDaemon, CallRecordsThatCameBeforeTheFetchEnded) {
   const string record = "0|555|20070608123456|0|2007060812345x|100f|65|0", bars(9000, '|');
   const string shown = call("555             |         65|    1|User busy\n",
                             "dial out |2007/06/08 12:34:56 |0                   |2007/06/08 12:34:5x \n");
-  DaemonDesk odd(
-      {"2", "|1|%s||\xff|-|x|2007|0|1||",
-       "2|12345678901234567|123456789012345678901|" + string(40, 't') + "|-|10|1234567890123|99999", record});
+  DaemonDesk odd({"2", "|1|%s||\xff|-|x|2007|0|1||",
+                  "2|12345678901234567|123456789012345678901|" + string(40, 't') + "|-|10|1234567890123|99999",
+                  record});
   EXPECT_EQ(odd.page(3),
             "\n" +
                 call("%s              |          0|    2|Callee pattern not matched with listed digitmap\n",

@@ -70,15 +70,12 @@ TEST(Tools, TheNestedMenuAndPing) {
 > 1/Yes//|01/YES//|1/y//|1/// | &endingFactory Default Setting:\n\
 Set defice configuration to Factory default setting? <yes>/<NO>&ending |
 )");
-  const std::map<int, string> results = {{0, "PING Success."},
-                                         {1, "Request timed out."},
-                                         {130, "Request timed out."},
-                                         {255, "Error: ping broken!"}};
+  const std::map<int, string> results = {
+      {0, "PING Success."}, {1, "Request timed out."}, {130, "Request timed out."}, {255, "Error: ping broken!"}};
   for (const auto& [status, result] : results) {
     Desk desk;
     desk.program_status["/bin/ping"] = status;
-    hold(nested +
-             "> 0/q;`reboot`_-x\"// | ]#PING Destination : {/bin/ping [ping] [-c] [1] [q;`reboot` -x\"]}" +
+    hold(nested + "> 0/q;`reboot`_-x\"// | ]#PING Destination : {/bin/ping [ping] [-c] [1] [q;`reboot` -x\"]}" +
              result + "\\n&ending |",
          desk);
   }

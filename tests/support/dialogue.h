@@ -1,0 +1,186 @@
+// Dialogues as tables of questions. A row states the field, what it holds, the prompt with the conversion of
+// the value it shows, and what kind of answer it takes; how it departs from the others is named behind that:
+//
+//   Question(fields.sip.sip_port, 5060, "SIP Port Number?<%d>(1024~65535):", number(1024, 65535)),
+//   Question(fields.sip.sip_host_name, "hub", "Host Name?<%s>(MAX Character:35):", text(35),
+//            {.too_long = TooLong::empties}),
+//
+// hold() makes every visit that follows from the rows, and holds what is shown to the last character and what
+// is stored to the last byte. A failure is reported once, at the row where the two first differ.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "config/field_table.h"
+#include "support/session.h"
+
+namespace tests {
+
+// Its members name the fields of the segment.
+extern config::ConfigurationSegment fields;
+
+// ---- Kinds of answer, with what they accept and refuse ----
+
+struct Accepted {
+  std::string typed;
+  std::string stored = typed;  // as the field table writes it
+};
+
+struct Kind {
+  std::vector<Accepted> accepted;
+  Strings refused;
+  bool is_choice = false;  // exactly one character
+  bool is_free = false;    // any text
+  bool with_line_feed = false;
+};
+struct NumberKind : Kind {};
+struct AddressKind : Kind {};
+struct MacKind : Kind {};
+struct TextKind : Kind {};
+
+NumberKind number(std::uint64_t low, std::uint64_t high);
+NumberKind one_of(const std::string& digits);
+AddressKind ipv4();
+AddressKind netmask();
+MacKind mac();
+TextKind text(std::size_t longest);
+TextKind line(std::size_t longest);  // stored with the line feed that ended it
+TextKind digits(std::size_t longest);
+
+// ---- Questions ----
+
+enum class TooLong : std::uint8_t { is_refused, empties, keeps };
+
+// How a question departs from the others.
+struct Departures {
+  Accepted only = {};        // the one answer that leads to the next row; the field is never wild
+  std::string refusal = {};  // in place of the dialogue's
+  Strings also_refused = {};
+  TooLong too_long = {};  // what becomes of a text that is
+  bool required = false;  // Enter is refused as well
+  bool tame = false;      // the field is never wild: such a value is judged when it is kept
+  std::string shown_behind = {};
+  std::optional<std::string> shown_behind_enter = {};  // the same, unless it is something else
+  // Of a new record:
+  std::optional<std::string> enter_stores = {};
+  bool enter_keeps = false;  // what the slot holds
+  bool marks_free = false;   // what the field holds marks the slot as free
+};
+
+template <typename Field>
+struct KindFor {
+  using Type = NumberKind;
+};
+template <>
+struct KindFor<config::Ipv4> {
+  using Type = AddressKind;
+};
+template <>
+struct KindFor<config::Mac> {
+  using Type = MacKind;
+};
+template <std::size_t N>
+struct KindFor<config::Text<N>> {
+  using Type = TextKind;
+};
+
+struct Stored {
+  std::string value;  // as the field table writes it
+  Stored(std::integral auto number) : value(std::to_string(number)) {}
+  Stored(const char* text) : value(text) {}
+};
+
+struct Question {
+  template <typename Field>
+  Question(Field& named, const Stored& holds, std::string asked, const typename KindFor<Field>::Type& takes,
+           Departures departures = {}, int row = __builtin_LINE(), const char* source = __builtin_FILE())
+      : Question(element_at(&named), holds, std::move(asked), takes, std::move(departures), row, source) {}
+  // No setting of its own: which record, which action.
+  Question(std::string asked, const Kind& takes, Departures departures = {}, int row = __builtin_LINE(),
+           const char* source = __builtin_FILE())
+      : Question(std::nullopt, "", std::move(asked), takes, std::move(departures), row, source) {}
+
+  std::optional<config::FieldElement> field;
+  std::string stored, prompt;
+  Kind kind;
+  Departures departs;
+  int line;
+  const char* file;
+
+ private:
+  Question(std::optional<config::FieldElement> element, const Stored& holds, std::string asked, Kind takes,
+           Departures departures, int row, const char* source)
+      : field(element),
+        stored(holds.value),
+        prompt(std::move(asked)),
+        kind(std::move(takes)),
+        departs(std::move(departures)),
+        line(row),
+        file(source) {}
+  static std::optional<config::FieldElement> element_at(const void* member);
+};
+
+// ---- Dialogues ----
+
+enum class Refusals : std::uint8_t {
+  by_kind,     // message 1 for a choice, message 2 for anything else; the dialogue ends
+  as_illegal,  // message 2; the dialogue ends
+  ask_again,   // message 2 and the same question, until q; an empty line behind each answer
+};
+
+struct Dialogue {
+  Item item;
+  Refusals refusals = Refusals::by_kind;
+  std::string opening = keep_with_enter;  // before the first question
+  std::vector<Question> questions = {};
+  std::string ending = {};  // behind the last one
+  Desk desk = {};           // what is stored besides
+
+  bool adding = false;  // a new record: prompts show zero, and require an answer
+  // Typed to get to the first question, and when the dialogue is over; what is shown then.
+  std::string way_in = {}, way_out = {}, shown_on_the_way_out = {};
+  // What stands for `listed` in the texts, with the stored values and with wild ones.
+  std::string list = {}, wild_list = {};
+  // What is written besides the answers.
+  std::function<void(config::ConfigurationSegment& answered)> completed = [](auto&) {};
+};
+inline const std::string listed = "<the list>";
+
+// All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole
+// transcript, and nothing changes. With each accepted answer over either: the whole transcript, and these
+// fields change and no other byte. With each refused answer behind accepted ones: the whole transcript, and
+// nothing is saved or changes.
+void hold(const Dialogue& dialogue);
+
+// The desk on which a dialogue begins: its questions' fields hold what the rows say.
+Desk desk_of(const Dialogue& dialogue);
+
+// ---- Visits that follow from no row ----
+
+// Told by their answers; Enter at every other question.
+struct Visit {
+  Visit(Answers typed, std::string shown_last, std::string changed = "", int row = __builtin_LINE(),
+        const char* source = __builtin_FILE())
+      : answers(std::move(typed)),
+        ending(std::move(shown_last)),
+        changes(std::move(changed)),
+        line(row),
+        file(source) {}
+
+  Answers answers;
+  std::string ending;   // of what is shown
+  std::string changes;  // "name=value" of each element that is different then, \x20 for a blank in it
+  int line;
+  const char* file;
+};
+
+void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits);
+
+}  // namespace tests

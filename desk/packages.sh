@@ -22,13 +22,15 @@ give_up() {
   exit 1
 }
 
-# missing COMMAND=PACKAGE...: the package of each command, or file, that is not there.
+# missing COMMAND=PACKAGE...: the package of each command that is not there; of each FILE, or library as COMPILER:FILE.
 missing() {
-  local pair
+  local pair what
   for pair in "$@"; do
-    case $pair in
-      /*) [ -e "${pair%=*}" ] ;;
-      *) command -v "${pair%=*}" >/dev/null ;;
+    what=${pair%=*}
+    case $what in
+      /*) [ -e "$what" ] ;;
+      *:*) [ -e "$("${what%:*}" -print-file-name="${what#*:}" 2>/dev/null)" ] ;;
+      *) command -v "$what" >/dev/null ;;
     esac || echo "${pair#*=}"
   done
 }

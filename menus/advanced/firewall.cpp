@@ -49,10 +49,10 @@ void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
                    "Destination Port End?<%d>(1~65535):", rule.dst_port_end);
   } else if (protocol <= last_protocol) {
     // A protocol of another program's, kept, keeps its ports as well.
-    ask.clear(rule.dst_port_start);
-    ask.clear(rule.dst_port_end);
+    ask.note_zero(rule.dst_port_start);
+    ask.note_zero(rule.dst_port_end);
   }
-  ask.write_before(rule.protocol, rule.dst_port_start, rule.dst_port_end);
+  ask.note_in_order(rule.dst_port_start, rule.dst_port_end, rule.protocol);
   ask_schedule(ask, rule.schedule);
 }
 

@@ -40,7 +40,7 @@ void nat_setting() {
     if (ask.choice("DMZ Enable?<%d>(0:disable, 1:Enable):", nat.dmz_enable, "01") != 0) {
       ask.address("DMZ Lan IP<%u.%u.%u.%u>:", nat.dmz_ip, {.refusal = &dmz_ip_error, .judge_kept = true});
     } else {
-      ask.clear(nat.dmz_ip);
+      ask.note_zero(nat.dmz_ip);
     }
   }
   if (!ask.commit()) {

@@ -15,8 +15,7 @@ void rule_summary() {
     shell::print("%zu:%s Rule List\n", list, tables[list]->name);
   }
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
-  ask.about(tables.size() - 1);
-  const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", "01234567");
+  const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", tables.size());
   if (!ask.ended()) {
     shell::put("\n");
     show_rules(*tables[list], all_rules);

@@ -11,9 +11,6 @@ namespace {
 
 using shell::Dialogue;
 
-constexpr shell::Range yes_or_no{0, 1};
-constexpr shell::Range indices{0, rule_count - 1};
-
 bool is_free(const RuleTable& table, std::size_t index) {
   return table.enable(index) == config::free_slot;
 }
@@ -29,8 +26,7 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
 }
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
-  ask.about(rule_count - 1);
-  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", indices);
+  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", rule_count);
   if (is_free(table, index)) {
     ask.refuse(shell::Message::wrong_choice);
   }
@@ -68,20 +64,20 @@ void configure_rules(const RuleTable& table) {
 
   Dialogue choose(Dialogue::refuse_by_kind);
   const bool switched = table.master.field != nullptr;
-  const std::uint32_t master = switched ? choose.pick(table.master.prompt, yes_or_no) : 0;
-  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", yes_or_no) == 1;
+  const std::uint32_t master = switched ? choose.pick(table.master.prompt, 2) : 0;
+  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2) == 1;
   const std::size_t index = modify ? pick_rule(choose, table) : find_free_slot(choose, table);
-  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", yes_or_no) == 0;
+  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", 2) == 0;
   if (choose.ended()) {
     return;
   }
 
   Dialogue ask(Dialogue::refuse_by_kind, modify ? Dialogue::Record::stored : Dialogue::Record::added);
   if (switched) {
-    ask.write(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
+    ask.note(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
   }
   if (remove) {
-    ask.write(table.enable(index), config::free_slot);
+    ask.note(table.enable(index), config::free_slot);
   } else {
     if (modify) {
       shell::show_message(shell::Message::keep_with_enter);

@@ -24,15 +24,15 @@ enum class DnsMode : std::uint8_t { manual, asked };
 // Automatic DNS leaves the stored servers as they are.
 void dns_setting(Dialogue& ask, DnsMode mode) {
   WanSettings& wan = shell::segment().wan;
-  ask.write_ahead();
+  ask.note_ahead();
   const std::uint8_t chosen =
       mode == DnsMode::asked
           ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01", {.refusal = &wrong_choice})
-          : ask.write(wan.dns_mode, std::uint8_t{0});
+          : ask.note(wan.dns_mode, std::uint8_t{0});
   if (chosen == 0) {
     ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
     ask.address("Secondary DNS IP<%u.%u.%u.%u>:", wan.secondary_dns);
-    ask.write_before(wan.primary_dns, wan.secondary_dns);
+    ask.note_in_order(wan.secondary_dns, wan.primary_dns);
   }
 }
 
@@ -58,9 +58,9 @@ void ask_dialling(Dialogue& ask, std::uint8_t& connect_type, std::int32_t& max_i
 
 void ask_static_ip(Dialogue& ask, WanSettings& wan) {
   ask_ethernet_mtu(ask, wan.static_mtu);
-  ask.write(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
-                                                     wan.static_netmask, wan.static_gateway));
-  ask.write_before(wan.static_mtu, wan.static_gateway, wan.static_ip);
+  ask.note(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
+                                                    wan.static_netmask, wan.static_gateway));
+  ask.note_in_order(wan.static_gateway, wan.static_ip, wan.static_mtu);
   dns_setting(ask, DnsMode::manual);
 }
 
@@ -77,7 +77,7 @@ void ask_pppoe(Dialogue& ask, WanSettings& wan) {
   if (ask.choice("PPPoE Type?<%d>(0:Dynamic,1:Static):", wan.pppoe_type, "0123456789") == 1) {
     ask.address("Static PPPoE IP?<%u.%u.%u.%u>:", wan.pppoe_static_ip);
   } else {
-    ask.clear(wan.pppoe_static_ip);
+    ask.note_zero(wan.pppoe_static_ip);
   }
   ask_dialling(ask, wan.pppoe_connect_type, wan.pppoe_max_idle_time);
 }
@@ -105,9 +105,9 @@ void ask_tunnel(Dialogue& ask, const Tunnel& tunnel) {
   if (ask.number(tunnel.type_prompt, tunnel.type, {0, 1}) == 1) {
     ask_static_address(ask, "Static IP?<%u.%u.%u.%u>:", tunnel.static_ip, tunnel.netmask, tunnel.gateway);
   } else {
-    ask.clear(tunnel.static_ip);
-    ask.clear(tunnel.netmask);
-    ask.clear(tunnel.gateway);
+    ask.note_zero(tunnel.static_ip);
+    ask.note_zero(tunnel.netmask);
+    ask.note_zero(tunnel.gateway);
   }
   ask.text(tunnel.server_prompt, tunnel.server);
   ask.text(tunnel.account_prompt, tunnel.account);
@@ -182,10 +182,10 @@ void wan_setting() {
   if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {
     ask.mac("Set MAC<%02x:%02x:%02x:%02x:%02x:%02x>:", wan.wan_mac);
   } else {
-    ask.clear(wan.wan_mac);
+    ask.note_zero(wan.wan_mac);
   }
   ask.choice("Ping form WAN?<%d>(0:Disable,1:Enable):", wan.wan_ping_enable, "01");
-  ask.write_ahead();
+  ask.note_ahead();
   // A kept type that is none of the six has nothing more to ask.
   if (type < std::size(ask_type)) {
     ask_type[type](ask, wan);

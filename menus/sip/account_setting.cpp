@@ -13,15 +13,16 @@ constexpr shell::TextRule up_to(std::uint16_t characters) {
 }
 
 // What a switch turns off is not asked for and does not stay behind: a disabled line keeps no credentials.
-void ask_line(shell::Dialogue& ask, int number, config::SipLine& line, config::SipServer& server) {
+void ask_line(shell::Dialogue& ask, std::size_t number, config::SipLine& line, config::SipServer& server) {
   ask.about(number);
   if (ask.choice("Phone %d Enable?<%d>(0:Disable,1:Enable):", line.phone_enable, "01") == 0) {
-    ask.clear(line.phone_number, line.display_name, line.auth_user_name, line.auth_password,
-              line.p_asserted_enable, line.asserted_identity_uri, line.asserted_identity_display_name,
-              line.mwi_user_name, line.mwi_auth_user_name, line.mwi_auth_password, line.mwi_refresh_timeout);
-    ask.clear(server.sip_domain_name, server.registrar_address, server.registrar_port,
-              server.use_outbound_proxy, server.proxy_address, server.proxy_port,
-              server.outbound_proxy_address, server.outbound_proxy_port, server.dns_srv_support);
+    ask.note_zero(line.phone_number, line.display_name, line.auth_user_name, line.auth_password,
+                  line.p_asserted_enable, line.asserted_identity_uri, line.asserted_identity_display_name,
+                  line.mwi_user_name, line.mwi_auth_user_name, line.mwi_auth_password,
+                  line.mwi_refresh_timeout);
+    ask.note_zero(server.sip_domain_name, server.registrar_address, server.registrar_port,
+                  server.use_outbound_proxy, server.proxy_address, server.proxy_port,
+                  server.outbound_proxy_address, server.outbound_proxy_port, server.dns_srv_support);
     return;
   }
   ask.text("Phone Number?<%s>(MAX Character:15):", line.phone_number, up_to(15));
@@ -34,7 +35,7 @@ void ask_line(shell::Dialogue& ask, int number, config::SipLine& line, config::S
   // The prompt promises more than is accepted.
   ask.number("MWI Reflash Timeout?<%d>(1~65535):", line.mwi_refresh_timeout, {60, 65535});
   if (ask.choice("P-Asserted Enable?<%d>(0:Disable,1:Enable):", line.p_asserted_enable, "01") == 0) {
-    ask.clear(line.asserted_identity_uri, line.asserted_identity_display_name);
+    ask.note_zero(line.asserted_identity_uri, line.asserted_identity_display_name);
   } else {
     ask.text("Asserted Identity URI?<%s>(MAX Character:35):", line.asserted_identity_uri, up_to(35));
     ask.text("Asserted Identity Display Name?<%s>(MAX Character:35):", line.asserted_identity_display_name,
@@ -47,7 +48,7 @@ void ask_line(shell::Dialogue& ask, int number, config::SipLine& line, config::S
   ask.number("Proxy Server Port?<%d>(1024~65535):", server.proxy_port, {1024, 65535});
   if (ask.choice("Use Outbound Proxy for Session?<%d>(0:Disable,1:Enable):", server.use_outbound_proxy,
                  "01") == 0) {
-    ask.clear(server.outbound_proxy_address, server.outbound_proxy_port);
+    ask.note_zero(server.outbound_proxy_address, server.outbound_proxy_port);
   } else {
     ask.text("Outbound Proxy Server Address?<%s>(MAX Character:63):", server.outbound_proxy_address,
              up_to(63));
@@ -65,7 +66,7 @@ void account_setting() {
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   ask.number("Authentication Expire Time?<%d>(60~65535):", settings.auth_expire_time, {60, 65535});
   for (std::size_t i = 0; i < settings.sip_line.size(); ++i) {
-    ask_line(ask, static_cast<int>(i), settings.sip_line[i], settings.sip_server[i]);
+    ask_line(ask, i, settings.sip_line[i], settings.sip_server[i]);
   }
 
   if (ask.commit()) {

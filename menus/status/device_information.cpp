@@ -237,7 +237,7 @@ void offer_action(std::uint8_t wan_type, const WanType& wan) {
   static constexpr shell::Refusal silent = shell::Refusal::silent();
   shell::put(wan_type == dhcp ? "0:Release WAN IP, 1:Renew WAN IP\n" : "0:Disconnect, 1:Reconnect\n");
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
-  const std::uint32_t action = ask.pick(shell::menu_prompt, {0, 1}, {.refusal = &silent});
+  const std::uint32_t action = ask.pick(shell::menu_prompt, 2, {.refusal = &silent});
   if (ask.ended()) {
     return;
   }

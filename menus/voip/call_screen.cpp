@@ -20,12 +20,12 @@ bool in_use(const CallScreenEntry& entry) {
 
 std::uint32_t pick_list(Dialogue& ask, shell::Option option = {}) {
   return ask.pick("Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:",
-                  {0, 3}, option);
+                  std::size(shell::segment().call_screen), option);
 }
 
 CallScreenEntry& pick_entry(Dialogue& ask, shell::Option option = {}) {
   auto& list = shell::segment().call_screen[pick_list(ask)];
-  return list[ask.pick("Phone Number List No:", {0, 9}, option)];
+  return list[ask.pick("Phone Number List No:", list.size(), option)];
 }
 
 void ask_number(Dialogue& ask, CallScreenEntry& answers) {
@@ -37,8 +37,8 @@ void call_screen_add() {
   CallScreenEntry answers{};
   Dialogue ask(Dialogue::ask_again, Dialogue::Record::added);
   const auto list_number = pick_list(ask);
-  ask.write(answers.screen_list, static_cast<std::uint8_t>(list_number));
-  ask.write(answers.screen_type, static_cast<std::uint8_t>(ask.pick("input type(0: in, 1:out):", {0, 9})));
+  ask.note(answers.screen_list, static_cast<std::uint8_t>(list_number));
+  ask.note(answers.screen_type, static_cast<std::uint8_t>(ask.pick("input type(0: in, 1:out):", 10)));
   ask_number(ask, answers);
   if (!ask.commit()) {
     return;
@@ -55,7 +55,7 @@ void call_screen_add() {
 void call_screen_delete() {
   Dialogue ask(Dialogue::ask_again);
   CallScreenEntry& entry = pick_entry(ask, {.no_empty_line = true});
-  ask.write(entry.screen_list, config::free_slot);
+  ask.note(entry.screen_list, config::free_slot);
   if (ask.commit()) {
     shell::save_and_signal_voice_daemon();
   }

@@ -46,7 +46,7 @@ void save_and_restart_filter() {
 void show_rules(const RuleTable& table, int index) {
   if (table.master.field != nullptr) {
     shell::put("\n");
-    show_switch(table.master.label, shell::segment().*table.master.field);
+    show_switch_setting(table.master.label, shell::segment().*table.master.field);
   }
   shell::put(table.header);
   for (std::size_t rule = 0; rule < rule_count; ++rule) {
@@ -93,7 +93,7 @@ void configure_rules(const RuleTable& table) {
 
 // ---- What several tables show and ask ----
 
-void show_switch(const char* label, std::uint8_t value) {
+void show_switch_setting(const char* label, std::uint8_t value) {
   shell::print("%s:<%s>\n", label, value != 0 ? "Enable" : "Disable");
 }
 

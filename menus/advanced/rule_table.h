@@ -66,7 +66,7 @@ void configure_rules(const RuleTable& table);
 // ---- What several tables show and ask ----
 
 // "LABEL:<Enable>" or "LABEL:<Disable>", and the end of the line.
-void show_switch(const char* label, std::uint8_t value);
+void show_switch_setting(const char* label, std::uint8_t value);
 
 // Four characters; blanks for a number outside the table.
 const char* protocol_name(std::uint8_t protocol);

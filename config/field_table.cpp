@@ -53,10 +53,23 @@ consteval Field checked(std::string_view table, std::string_view path, std::size
 #define MEMBER_TYPE(record, path) std::remove_cvref_t<decltype(std::declval<record&>().path)>
 
 // A single field or reserved range, with the offset that is promised.
-#define ONE(expected, path)                                                                 \
-  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, #path, expected,                     \
-                                                   offsetof(ConfigurationSegment, path), 1, \
-                                                   sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
+#define NAMED(expected, path, name)                                                                          \
+  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, name, expected, offsetof(ConfigurationSegment, path), \
+                                                   1, sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
+#define ONE(expected, path) NAMED(expected, path, #path)
+
+#define TUNNEL(expected, path, prefix, first_reserved, second_reserved)     \
+  NAMED(expected, path.account, prefix "_account"),                         \
+      NAMED((expected) + 128, path.password, prefix "_password"),           \
+      NAMED((expected) + 256, path.connect_type, prefix "_connect_type"),   \
+      NAMED((expected) + 257, path.reserved_257, first_reserved),           \
+      NAMED((expected) + 260, path.max_idle_time, prefix "_max_idle_time"), \
+      NAMED((expected) + 264, path.server, prefix "_server"),               \
+      NAMED((expected) + 392, path.type, prefix "_type"),                   \
+      NAMED((expected) + 393, path.reserved_393, second_reserved),          \
+      NAMED((expected) + 396, path.static_ip, prefix "_static_ip"),         \
+      NAMED((expected) + 400, path.netmask, prefix "_netmask"),             \
+      NAMED((expected) + 404, path.gateway, prefix "_gateway")
 
 // One column of a table of records: the table's promised offset and the column's within the record.
 #define COLUMN(expected, path, record, relative, member)                                                 \
@@ -99,28 +112,8 @@ constexpr Field table[] = {
     ONE(569, wan.reserved_569),
     ONE(572, wan.pppoe_static_ip),
     ONE(576, wan.pppoe_service_name),
-    ONE(704, wan.pptp_account),
-    ONE(832, wan.pptp_password),
-    ONE(960, wan.pptp_connect_type),
-    ONE(961, wan.reserved_961),
-    ONE(964, wan.pptp_max_idle_time),
-    ONE(968, wan.pptp_server),
-    ONE(1096, wan.pptp_type),
-    ONE(1097, wan.reserved_1097),
-    ONE(1100, wan.pptp_static_ip),
-    ONE(1104, wan.pptp_netmask),
-    ONE(1108, wan.pptp_gateway),
-    ONE(1112, wan.l2tp_account),
-    ONE(1240, wan.l2tp_password),
-    ONE(1368, wan.l2tp_connect_type),
-    ONE(1369, wan.reserved_1369),
-    ONE(1372, wan.l2tp_max_idle_time),
-    ONE(1376, wan.l2tp_server),
-    ONE(1504, wan.l2tp_type),
-    ONE(1505, wan.reserved_1505),
-    ONE(1508, wan.l2tp_static_ip),
-    ONE(1512, wan.l2tp_netmask),
-    ONE(1516, wan.l2tp_gateway),
+    TUNNEL(704, wan.pptp, "pptp", "reserved_961", "reserved_1097"),
+    TUNNEL(1112, wan.l2tp, "l2tp", "reserved_1369", "reserved_1505"),
     ONE(1520, wan.bigpond_account),
     ONE(1584, wan.bigpond_password),
     ONE(1648, wan.bigpond_auth_server),
@@ -372,7 +365,9 @@ constexpr Field table[] = {
 #undef STRING_FILTER
 #undef SCHEDULE
 #undef COLUMN
+#undef TUNNEL
 #undef ONE
+#undef NAMED
 #undef MEMBER_TYPE
 
 std::size_t element_offset(const Field& field, std::size_t index) {

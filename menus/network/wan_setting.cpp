@@ -82,77 +82,45 @@ void ask_pppoe(Dialogue& ask, WanSettings& wan) {
   ask_dialling(ask, wan.pppoe_connect_type, wan.pppoe_max_idle_time);
 }
 
-// PPTP and L2TP ask the same of other fields.
-struct Tunnel {
-  Prompt<Shows::number> type_prompt;
-  Prompt<Shows::text> server_prompt;
-  Prompt<Shows::text> account_prompt;
-  Prompt<Shows::text> password_prompt;
-  std::int32_t& mtu;
-  std::uint8_t& type;
-  Ipv4& static_ip;
-  Ipv4& netmask;
-  Ipv4& gateway;
-  config::Text<128>& server;
-  config::Text<128>& account;
-  config::Text<128>& password;
-  std::uint8_t& connect_type;
-  std::int32_t& max_idle_time;
+struct TunnelPrompts {
+  Prompt<Shows::number> type;
+  Prompt<Shows::text> server;
+  Prompt<Shows::text> account;
+  Prompt<Shows::text> password;
 };
 
-void ask_tunnel(Dialogue& ask, const Tunnel& tunnel) {
-  ask.number("MTU?<%d>(range 512~1400):", tunnel.mtu, {512, 1400});
-  if (ask.number(tunnel.type_prompt, tunnel.type, {0, 1}) == 1) {
+void ask_tunnel(Dialogue& ask, const TunnelPrompts& prompts, std::int32_t& mtu,
+                config::TunnelSettings& tunnel) {
+  ask.number("MTU?<%d>(range 512~1400):", mtu, {512, 1400});
+  if (ask.number(prompts.type, tunnel.type, {0, 1}) == 1) {
     ask_static_address(ask, "Static IP?<%u.%u.%u.%u>:", tunnel.static_ip, tunnel.netmask, tunnel.gateway);
   } else {
-    ask.note_zero(tunnel.static_ip);
-    ask.note_zero(tunnel.netmask);
-    ask.note_zero(tunnel.gateway);
+    ask.note_zero(tunnel.static_ip, tunnel.netmask, tunnel.gateway);
   }
-  ask.text(tunnel.server_prompt, tunnel.server);
-  ask.text(tunnel.account_prompt, tunnel.account);
-  ask.text(tunnel.password_prompt, tunnel.password);
+  ask.text(prompts.server, tunnel.server);
+  ask.text(prompts.account, tunnel.account);
+  ask.text(prompts.password, tunnel.password);
   ask_dialling(ask, tunnel.connect_type, tunnel.max_idle_time);
 }
 
 void ask_pptp(Dialogue& ask, WanSettings& wan) {
-  const Tunnel pptp = {
+  static constexpr TunnelPrompts prompts = {
       "PPTP Type?<%d>(0:Dynamic IP,1:Static IP):",
       "PPTP Server IP or domain Name?<%s>(MAX Character:127):",
       "PPTP Account?<%s>(MAX Character:127):",
       "PPTP Password?<%s>(MAX Character:127):",
-      wan.pptp_mtu,
-      wan.pptp_type,
-      wan.pptp_static_ip,
-      wan.pptp_netmask,
-      wan.pptp_gateway,
-      wan.pptp_server,
-      wan.pptp_account,
-      wan.pptp_password,
-      wan.pptp_connect_type,
-      wan.pptp_max_idle_time,
   };
-  ask_tunnel(ask, pptp);
+  ask_tunnel(ask, prompts, wan.pptp_mtu, wan.pptp);
 }
 
 void ask_l2tp(Dialogue& ask, WanSettings& wan) {
-  const Tunnel l2tp = {
+  static constexpr TunnelPrompts prompts = {
       "L2TP Type?<%d>(0:Dynamic IP,1:Static IP):",
       "L2TP Server IP or domain Name?<%s>(MAX Character:127):",
       "L2TP Account?<%s>(MAX Character:127):",
       "L2TP Password?<%s>(MAX Character:127):",
-      wan.l2tp_mtu,
-      wan.l2tp_type,
-      wan.l2tp_static_ip,
-      wan.l2tp_netmask,
-      wan.l2tp_gateway,
-      wan.l2tp_server,
-      wan.l2tp_account,
-      wan.l2tp_password,
-      wan.l2tp_connect_type,
-      wan.l2tp_max_idle_time,
   };
-  ask_tunnel(ask, l2tp);
+  ask_tunnel(ask, prompts, wan.l2tp_mtu, wan.l2tp);
 }
 
 void ask_bigpond(Dialogue& ask, WanSettings& wan) {
@@ -175,8 +143,8 @@ void wan_setting() {
   constexpr shell::TextRule name{.unfit = shell::TextRule::Unfit::keeps_the_old};
   Dialogue ask(Dialogue::refuse_as_illegal);
   const std::uint8_t type =
-      ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type, "012345",
-                 {.refusal = &wrong_choice});
+      ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type,
+                 shell::OneOf::first(std::size(ask_type)), {.refusal = &wrong_choice});
   ask.text("Host Name?<%s>(MAX Character:127):", wan.host_name, name);
   ask.text("domain Name?<%s>(MAX Character:127):", wan.domain_name, name);
   if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {

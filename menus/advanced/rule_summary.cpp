@@ -11,6 +11,7 @@ void rule_summary() {
       &virtual_servers, &special_applications, &static_routes,  &mac_filters,
       &ip_filters,      &url_filters,          &domain_filters, &firewall_rules,
   };
+  static_assert(tables.size() <= 10, "a list is chosen by one digit");
   for (std::size_t list = 0; list < tables.size(); ++list) {
     shell::print("%zu:%s Rule List\n", list, tables[list]->name);
   }
@@ -18,7 +19,7 @@ void rule_summary() {
   const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", tables.size());
   if (!ask.ended()) {
     shell::put("\n");
-    show_rules(*tables[list], all_rules);
+    show_rules(*tables[list]);
   }
 }
 

@@ -12,11 +12,26 @@ namespace {
 using shell::Dialogue;
 
 bool is_free(const RuleTable& table, std::size_t index) {
-  return table.enable(index) == config::free_slot;
+  return table.enable_byte(index) == config::free_slot;
+}
+
+void show_header(const RuleTable& table) {
+  if (table.master.field != nullptr) {
+    shell::put("\n");
+    show_switch_setting(table.master.label, shell::segment().*table.master.field);
+  }
+  shell::put(table.header);
+}
+
+void show_row(const RuleTable& table, std::size_t index) {
+  if (!is_free(table, index)) {
+    shell::print("%2zu:|%d     ", index, table.enable_byte(index));
+    table.show_rule(index);
+  }
 }
 
 std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
-  for (std::size_t index = 0; index < rule_count; ++index) {
+  for (std::size_t index = 0; index < table.count; ++index) {
     if (is_free(table, index)) {
       return index;
     }
@@ -26,12 +41,12 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
 }
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
-  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", rule_count);
+  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", table.count);
   if (is_free(table, index)) {
     ask.refuse(shell::Message::wrong_choice);
   }
   if (!ask.ended()) {
-    show_rules(table, static_cast<int>(index));
+    show_rule(table, index);
   }
   return index;
 }
@@ -43,24 +58,22 @@ void save_and_restart_filter() {
   shell::restart_filter_and_nat();
 }
 
-void show_rules(const RuleTable& table, int index) {
-  if (table.master.field != nullptr) {
-    shell::put("\n");
-    show_switch_setting(table.master.label, shell::segment().*table.master.field);
-  }
-  shell::put(table.header);
-  for (std::size_t rule = 0; rule < rule_count; ++rule) {
-    const bool listed = index == all_rules || static_cast<std::size_t>(index) == rule;
-    if (listed && !is_free(table, rule)) {
-      shell::print("%2zu:|%d     ", rule, table.enable(rule));
-      table.show(rule);
-    }
+void show_rules(const RuleTable& table) {
+  show_header(table);
+  for (std::size_t index = 0; index < table.count; ++index) {
+    show_row(table, index);
   }
   shell::put("\n");
 }
 
+void show_rule(const RuleTable& table, std::size_t index) {
+  show_header(table);
+  show_row(table, index);
+  shell::put("\n");
+}
+
 void configure_rules(const RuleTable& table) {
-  show_rules(table, all_rules);
+  show_rules(table);
 
   Dialogue choose(Dialogue::refuse_by_kind);
   const bool switched = table.master.field != nullptr;
@@ -77,14 +90,14 @@ void configure_rules(const RuleTable& table) {
     ask.note(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
   }
   if (remove) {
-    ask.note(table.enable(index), config::free_slot);
+    ask.note(table.enable_byte(index), config::free_slot);
   } else {
     if (modify) {
       shell::show_message(shell::Message::keep_with_enter);
     }
-    ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable(index), "01",
+    ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable_byte(index), "01",
                {.empty_is_zero = true});
-    table.ask(ask, index);
+    table.ask_rule(ask, index);
   }
   if (ask.commit()) {
     table.save_and_apply();
@@ -99,6 +112,7 @@ void show_switch_setting(const char* label, std::uint8_t value) {
 
 const char* protocol_name(std::uint8_t protocol) {
   static constexpr char names[][5] = {"TCP ", "UDP ", "BOTH", "ICMP", "ALL "};
+  static_assert(std::size(names) == all_protocols + 1);
   return protocol < std::size(names) ? names[protocol] : "    ";
 }
 

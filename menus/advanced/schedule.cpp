@@ -10,7 +10,7 @@ constexpr config::Schedule always{0, 0, 0, 0, 0, build_week_mask(0, 0)};
 
 constexpr shell::Range hours{0, 23};
 constexpr shell::Range minutes{0, 55, 5};
-constexpr shell::Range weekdays{0, 6};
+constexpr shell::Range weekdays{0, days_of_week - 1};
 
 }  // namespace
 

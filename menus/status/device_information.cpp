@@ -43,13 +43,13 @@ void device_information() {
     shell::print("WAN Type : %s \n", wan.name);
   }
   if (wan.interface != nullptr) {
-    show_interface(wan.interface, "WAN");
+    show_interface_addresses(wan.interface, "WAN");
     shell::put("WAN Gateway Address : ");
     show_default_gateway();
   }
   show_dns_servers();
   shell::put(rule);
-  show_interface("eth1", "LAN");
+  show_interface_addresses("eth1", "LAN");
   show_function_state("DHCP Server Function", settings.dhcp.dhcp_server_enable);
   show_function_state("DNS Proxy Function", settings.lan.dns_proxy_enable);
   shell::put(rule);

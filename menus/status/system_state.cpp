@@ -105,7 +105,7 @@ void show_default_gateway() {
   shell::put("\n");
 }
 
-void show_interface(const char* interface, const char* label) {
+void show_interface_addresses(const char* interface, const char* label) {
   const bool is_ppp = std::string_view(interface) == "ppp0";
   if (is_ppp && !ppp_link_is_up()) {
     return;

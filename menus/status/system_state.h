@@ -10,7 +10,7 @@ void show_default_gateway();
 
 // MAC address, IP address and netmask of an interface. Of a dialled one its line in the list of interfaces
 // that are up comes first, and nothing more when it is down.
-void show_interface(const char* interface, const char* label);
+void show_interface_addresses(const char* interface, const char* label);
 
 // Two servers on lines of their own, up to three others on the next.
 void show_dns_servers();

@@ -34,6 +34,19 @@ void run_script(const char* script) {
   }
 }
 
+void release_wan(const WanConnection& wan) {
+  run_script(wan.stop);
+}
+
+void renew_wan(const WanConnection& wan) {
+  run_script(wan.restart);
+}
+
+void disconnect_wan(const WanConnection& wan) {
+  run_script(wan.stop);
+  run_script(wan.restart);
+}
+
 }  // namespace
 
 const WanConnection& wan_connection(std::uint8_t wan_type) {
@@ -53,12 +66,12 @@ void offer_wan_action(std::uint8_t wan_type) {
     return;
   }
   const WanConnection& wan = wan_connection(wan_type);
-  if (!renew) {
-    run_script(wan.stop);
-  }
-  // What was disconnected is dialled anew; a released address stays released.
-  if (renew || wan_type != dhcp) {
-    run_script(wan.restart);
+  if (renew) {
+    renew_wan(wan);
+  } else if (wan_type == dhcp) {
+    release_wan(wan);
+  } else {
+    disconnect_wan(wan);
   }
   shell::put("Configuration successed.\n");
 }

@@ -33,7 +33,7 @@ void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key
     return;
   }
   for (PhoneBookEntry& other : shell::segment().phone_book) {
-    if (&other != &entry && other.dial_key == key) {
+    if (other.dial_key == key) {
       other.dial_key = PhoneBookEntry::no_dial_key;
     }
   }

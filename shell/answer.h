@@ -30,7 +30,7 @@ class OneOf {
  public:
   constexpr OneOf() = default;
   // Those whose digits the literal has: "012".
-  consteval OneOf(const char* digits) {  // NOLINT: the digits are the numbers
+  consteval OneOf(const char* digits) {
     for (; *digits != '\0'; ++digits) {
       add(static_cast<unsigned>(*digits - '0'));
     }
@@ -58,7 +58,7 @@ class OneOf {
 struct AnswerKind {
   enum class Form : std::uint8_t {
     choice,   // exactly one character, the digit of a number of `one_of`
-    which,    // decimal digits, in range, and a choice as well
+    which,    // decimal digits, in range; refused as a choice is
     number,   // decimal digits, in range
     listed,   // the number with which the line begins, 0 when it begins with none: in `one_of`
     address,  // not 0.0.0.0

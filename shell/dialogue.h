@@ -99,10 +99,9 @@ class Dialogue {
                              OneOf choices, const Option& option);
 
   // A number of the record, whatever its type.
-  class NumberField {
-   public:
+  struct NumberField {
     template <std::integral Number>
-    NumberField(Number& number) : bytes(bytes_of(number)) {}  // NOLINT: a number is a field
+    NumberField(Number& number) : bytes(bytes_of(number)) {}
     Bytes bytes;
   };
   // A field narrower than the range's end keeps, and the call returns, the number's low bits.
@@ -118,7 +117,7 @@ class Dialogue {
   // A number that is no field of its own: shown and kept like one, and only returned.
   std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range);
 
-  // A kept 0.0.0.0 passes unless option.judge_kept; so for any kept netmask.
+  // Whatever is kept passes, 0.0.0.0 as well, unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field);
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option);
   config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option = no_option);

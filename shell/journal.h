@@ -1,4 +1,5 @@
-// The journal: what a dialogue is going to write, field by field, until it is known that all of it is wanted.
+// The journal: what a dialogue is going to write, field by field, kept back until all its questions are
+// answered.
 #pragma once
 
 #include <array>
@@ -28,7 +29,7 @@ class Journal {
   std::span<char> entry_of(const void* field);
 
   std::size_t length_ = 0;
-  std::size_t ahead_from_ = 0;  // where that begins which goes ahead
+  std::size_t ahead_from_ = 0;  // where the entries begin that go ahead of the others
   // One entry per field: its address, its size, its bytes. Room for the longest dialogue, the two SIP lines
   // with their servers; a dialogue that outgrows it stops the program the first time it is run to its end.
   std::array<char, 3072> entries_;

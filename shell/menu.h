@@ -51,10 +51,11 @@ class Screen {
 // A table of items, by number from 0, as the shell wants it. The compiler draws the screen.
 class Submenu {
  public:
-  static constexpr std::size_t slots = 11;
+  static constexpr std::size_t slots = 11;  // at most; more do not compile
 
-  consteval Submenu(std::string_view label, const std::array<MenuItem, slots>& items) : label_(label) {
-    for (std::size_t slot = 0; slot < items.size(); ++slot) {
+  template <std::size_t count>
+  consteval Submenu(std::string_view label, const MenuItem (&items)[count]) : label_(label) {
+    for (std::size_t slot = 0; slot < count; ++slot) {
       handlers_[slot] = items[slot].handler;
       if (!items[slot].label.empty()) {
         screen_.add_item(slot, items[slot].label);

@@ -79,8 +79,8 @@ class PromptText {
 template <Shows shows>
 class Prompt {
  public:
-  consteval Prompt(const char* literal);                               // NOLINT: a literal is a prompt
-  constexpr operator PromptText() const { return {literal_, shows}; }  // NOLINT: a prompt is a text
+  consteval Prompt(const char* literal);
+  constexpr operator PromptText() const { return {literal_, shows}; }
 
  private:
   const char* literal_;

@@ -7,10 +7,16 @@
 namespace menus::advanced {
 
 void rule_summary() {
-  static constexpr std::array<const RuleTable*, 8> tables = {
-      &virtual_servers, &special_applications, &static_routes,  &mac_filters,
-      &ip_filters,      &url_filters,          &domain_filters, &firewall_rules,
-  };
+  static constexpr auto tables = std::to_array<const RuleTable*>({
+      &virtual_servers,
+      &special_applications,
+      &static_routes,
+      &mac_filters,
+      &ip_filters,
+      &url_filters,
+      &domain_filters,
+      &firewall_rules,
+  });
   static_assert(tables.size() <= 10, "a list is chosen by one digit");
   for (std::size_t list = 0; list < tables.size(); ++list) {
     shell::print("%zu:%s Rule List\n", list, tables[list]->name);

@@ -34,7 +34,7 @@ struct LeaseTime {
   char label[8];
 };
 
-constexpr std::array<LeaseTime, 7> lease_times = {{
+constexpr auto lease_times = std::to_array<LeaseTime>({
     {3600, "1 Hour"},
     {7200, "2 Hours"},
     {10800, "3 Hours"},
@@ -42,7 +42,7 @@ constexpr std::array<LeaseTime, 7> lease_times = {{
     {172800, "2 Days"},
     {259200, "3 Days"},
     {604800, "1 Week"},
-}};
+});
 
 // lease_times.size() when another program has stored a time that is not in the table.
 std::size_t lease_index(std::uint32_t seconds) {

@@ -46,7 +46,7 @@ void ask_number(Dialogue& ask, CallScreenEntry& answers) {
   ask.text("input Phone Number:", answers.screen_number, {.max = longest_phone_number, .digits_only = true});
 }
 
-// The answers go to a record of their own: which entry is free is seen after the last question.
+// The answers go to a record of their own: which entry is free is decided after the last question.
 void call_screen_add() {
   CallScreenEntry answers{};
   Dialogue ask(Dialogue::ask_again, Dialogue::Record::added);

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
 #include <sstream>
 
 #include "config/field_table.h"
@@ -42,13 +41,6 @@ host_name=\xzz virtual_server_table[0].week_mask=111111 bigpond_account=)" +
                                  "virtual_server_table[1x].enable", "virtual_server_table[].enable"}) {
     EXPECT_FALSE(config::find_field(name)) << name;
   }
-}
-
-TEST(SegmentMap, IsWhatTheStructsSay) {
-  std::ifstream file(DOCS_FOLDER "/segment-map.md");
-  EXPECT_EQ(string(std::istreambuf_iterator<char>(file), {}), config::segment_map())
-      << "docs/segment-map.md is stale: cmake --build build/dev --target segment_map && "
-         "build/dev/config/segment_map > docs/segment-map.md";
 }
 
 }  // namespace

@@ -209,8 +209,12 @@ class Holding {
   // Only where questions are asked again, and only as the whole line, it leaves the dialogue.
   void add_q(Question& question) const {
     const string q = asks_again() ? "Q" : "q";
-    question.kind.is_free ? question.kind.accepted.push_back({q, q + (question.kind.with_line_feed ? "\\x0a" : "")})
-                          : question.kind.refused.push_back(q);
+    Kind& kind = question.kind;
+    if (kind.is_free) {
+      kind.accepted.push_back({q, q + (kind.with_line_feed ? "\\x0a" : "")});
+    } else if (std::ranges::find(kind.accepted, q, &Accepted::typed) == kind.accepted.end()) {
+      kind.refused.push_back(q);
+    }
     std::ranges::copy(question.departs.also_refused, std::back_inserter(question.kind.refused));
   }
 

@@ -406,12 +406,17 @@ void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits) 
     Desk visited = desk, expected = desk;
     const string seen = visit(visited, item, told.answers);
     const string last = seen.substr(seen.size() - std::min(seen.size(), told.ending.size()));
-    EXPECT_TRUE(last == told.ending) << difference(told.ending, last, first_difference(told.ending, last));
+    if (last != told.ending) {
+      ADD_FAILURE_AT(told.file, told.line)
+          << "Ending" << difference(told.ending, last, first_difference(told.ending, last));
+    }
     std::istringstream changes(told.changes);
     for (string change; changes >> change;) {
       expected.set(change.substr(0, change.find('=')), change.substr(change.find('=') + 1));
     }
-    EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored, in place of: " << told.changes;
+    if (const string wrong = differences(expected.settings, visited.settings); !wrong.empty()) {
+      ADD_FAILURE_AT(told.file, told.line) << "Stored: " << wrong.substr(0, 400) << "\n  in place of: " << told.changes;
+    }
   }
 }
 

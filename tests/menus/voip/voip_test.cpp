@@ -168,12 +168,6 @@ Answers act(const string& number, const Answers& more = {}) {
   return Answers{{"Action :", number}} + more + Answers{{"Action :", "q"}};
 }
 
-void hold_refused_actions(const Records& records) {
-  for (const char* const refused : {"4", "33", "-1", "2x", "Q"}) {
-    hold(records.item(), Desk(), {Visit(act(refused), illegal_value + records.back)});
-  }
-}
-
 // ---- Phone book ----
 
 const Records book = {"Phone Book Setting", "", "Phone Book"};
@@ -189,7 +183,9 @@ std::vector<Question> questions_of_entry(std::size_t i, const string& key_prompt
 }
 
 TEST(PhoneBook, EachAction) {
-  hold_refused_actions(book);
+  for (const char* const refused : {"4", "33", "-1", "2x", "Q"}) {
+    hold(book.item(), Desk(), {Visit(act(refused), illegal_value + book.back)});
+  }
 
   Dialogue add = book.action("00");
   add.adding = true;
@@ -276,8 +272,6 @@ TEST(CallScreen, AnAdditionTakesTheLowestFreeEntryOfItsList) {
 }
 
 TEST(CallScreen, OtherActions) {
-  hold_refused_actions(screen);
-
   const string which_entry = "Phone Number List No:";
   Dialogue modify = screen.action("2");
   modify.questions = {

@@ -209,8 +209,12 @@ class Holding {
   // Only where questions are asked again, and only as the whole line, it leaves the dialogue.
   void add_q(Question& question) const {
     const string q = asks_again() ? "Q" : "q";
-    question.kind.is_free ? question.kind.accepted.push_back({q, q + (question.kind.with_line_feed ? "\\x0a" : "")})
-                          : question.kind.refused.push_back(q);
+    Kind& kind = question.kind;
+    if (kind.is_free) {
+      kind.accepted.push_back({q, q + (kind.with_line_feed ? "\\x0a" : "")});
+    } else if (std::ranges::find(kind.accepted, q, &Accepted::typed) == kind.accepted.end()) {
+      kind.refused.push_back(q);
+    }
     std::ranges::copy(question.departs.also_refused, std::back_inserter(question.kind.refused));
   }
 
@@ -402,12 +406,17 @@ void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits) 
     Desk visited = desk, expected = desk;
     const string seen = visit(visited, item, told.answers);
     const string last = seen.substr(seen.size() - std::min(seen.size(), told.ending.size()));
-    EXPECT_TRUE(last == told.ending) << difference(told.ending, last, first_difference(told.ending, last));
+    if (last != told.ending) {
+      ADD_FAILURE_AT(told.file, told.line)
+          << "Ending" << difference(told.ending, last, first_difference(told.ending, last));
+    }
     std::istringstream changes(told.changes);
     for (string change; changes >> change;) {
       expected.set(change.substr(0, change.find('=')), change.substr(change.find('=') + 1));
     }
-    EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored, in place of: " << told.changes;
+    if (const string wrong = differences(expected.settings, visited.settings); !wrong.empty()) {
+      ADD_FAILURE_AT(told.file, told.line) << "Stored: " << wrong.substr(0, 400) << "\n  in place of: " << told.changes;
+    }
   }
 }
 

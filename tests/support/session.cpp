@@ -129,7 +129,9 @@ string visit(Device& device, const Item& item, const Answers& answers) {
     device.input.push_back((named ? answers[answered++].typed : "") + "\n");
   };
   run_session(device, way.typed);
-  EXPECT_EQ(answered, answers.size()) << "never asked: " << answers[std::min(answered, answers.size() - 1)].question;
+  if (answered < answers.size()) {
+    ADD_FAILURE() << "never asked: " << answers[answered].question;
+  }
   return shown_by(device, way);
 }
 

@@ -148,25 +148,27 @@ Desk hold_rules(const Table& table, std::array<Record, 32>& records, const Quest
   const Dialogue edited = rules(table, records[3].enable, false, questions(records[3], false));
   hold(edited);
   const Desk desk = desk_of(edited);
-  hold(table.item, desk, {Visit(remove(table, "3"), table.ending, table.name + "[3].enable=255")});
-  hold(item("Rule Summary"), desk, {Visit({{"list?(0~7):", table.number}}, "(0~7):\n" + edited.list + "\n")});
+  hold(item("Rule Summary"), desk, {Visit({{"Select a list?", table.number}}, "):\n" + edited.list + "\n")});
   for (const Answer& answer : table.descending) {
     hold(table.item, desk, {Visit(edit(table, {answer}), ip_range_error)});
   }
-  Desk full;
+  Desk full = desk;
   for (std::size_t slot = 0; slot < records.size(); ++slot) {
     full.set(table.name + "[" + std::to_string(slot) + "].enable", slot % 2 == 0 ? "0" : "2");
   }
-  hold(table.item, full, {Visit(add(table, {}), "(0:Add New, 1:Modify):" + table_full)});
+  hold(table.item, full,
+       {Visit(add(table, {}), "(0:Add New, 1:Modify):" + table_full),
+        Visit(remove(table, "0"), table.ending, table.name + "[0].enable=255"),
+        Visit(remove(table, "31"), table.ending, table.name + "[31].enable=255")});
   return desk;
 }
 
-Question address(const string& name, config::Ipv4& field, const char* stored) {
-  return Question(field, stored, name + "?<%u.%u.%u.%u>:", ipv4(), {.refused_when_kept = {"0.0.0.0"}});
+Question address(const string& name, config::Ipv4& field, const char* stored, Place row = here()) {
+  return Question(field, stored, name + "?<%u.%u.%u.%u>:", ipv4(), {.refused_when_kept = {"0.0.0.0"}}, row);
 }
 
-Question port(const string& name, std::uint16_t& field, int stored) {
-  return Question(field, stored, name + "?<%d>(1~65535):", number(1, 65535));
+Question port(const string& name, std::uint16_t& field, int stored, Place row = here()) {
+  return Question(field, stored, name + "?<%d>(1~65535):", number(1, 65535), {}, row);
 }
 
 const string range = "192.168.  0. 50-192.168.  1.100", any = "255.255.255.255", any_range = any + "-" + any;
@@ -248,16 +250,14 @@ TEST(RuleTables, VirtualServers) {
                        port("Private Port", rule.private_port, 80), port("Public Port", rule.public_port, 8080)} +
            schedule(rule.schedule, adding);
   });
-  // The first and the last slot, and a free one between others.
+  // A free slot between others.
   desk.set("virtual_server_table[0].enable", "0").set("virtual_server_table[2].enable", "1");
   desk.set("virtual_server_table[31].enable", "1");
   Answers added = add(table, {{"Enable this rule?", "1"}, {"Private IP", "1.2.3.4"}, {"Protocol", "0"}}) +
                   Answers{{"Private Port", "1"}, {"Public Port", "2"}, {"Schedule?", "0"}};
   added[0].question = "\n31:|1     |";
   hold(table.item, desk,
-       {Visit(remove(table, "0"), restarts_filter, "virtual_server_table[0].enable=255"),
-        Visit(remove(table, "31"), restarts_filter, "virtual_server_table[31].enable=255"),
-        Visit(added, restarts_filter,
+       {Visit(added, restarts_filter,
               replaced("Xenable=1 Xprivate_ip=1.2.3.4 Xprivate_port=1 Xpublic_port=2 Xweek_mask=1000000", "X",
                        "virtual_server_table[1]."))});
 }

@@ -35,16 +35,16 @@ Dialogue wan(int type, const std::vector<Question>& of_its_own) {
   return dialogue;
 }
 
-Question address(config::Ipv4& field, const char* stored, const string& name) {
-  return Question(field, stored, name + "<%u.%u.%u.%u>:", ipv4());
+Question address(config::Ipv4& field, const char* stored, const string& name, Place row = here()) {
+  return Question(field, stored, name + "<%u.%u.%u.%u>:", ipv4(), {}, row);
 }
 
-Question name(config::Text<128>& field, const char* stored, const string& name) {
-  return Question(field, stored, name + "?<%s>(MAX Character:127):", text(127));
+Question name(config::Text<128>& field, const char* stored, const string& name, Place row = here()) {
+  return Question(field, stored, name + "?<%s>(MAX Character:127):", text(127), {}, row);
 }
 
-Question mtu(std::int32_t& field, int stored, unsigned most) {
-  return Question(field, stored, "MTU?<%d>(range 512~" + std::to_string(most) + "):", number(512, most));
+Question mtu(std::int32_t& field, int stored, unsigned most, Place row = here()) {
+  return Question(field, stored, "MTU?<%d>(range 512~" + std::to_string(most) + "):", number(512, most), {}, row);
 }
 
 std::vector<Question> static_address(config::Ipv4& ip, config::Ipv4& mask, config::Ipv4& gateway,
@@ -103,9 +103,7 @@ TEST(Wan, MacAddressAndUnknownTypes) {
     Desk desk = desk_of(dialogue);
     desk.set("wan_mac_type", type).set("wan_type", "9");
     hold(wan_setting, desk,
-         {Visit({},
-                "MAC Type?<" + string(type) +
-                    ">(0:Use Default,1:Menual MAC):Ping form WAN?<1>(0:Disable,1:Enable):" + reboots,
+         {Visit({{"MAC Type?<" + string(type) + ">", ""}, {"Ping form WAN?", ""}}, reboots,
                 "wan_mac=00:00:00:00:00:00")});
   }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <sstream>
 
 namespace tests {
@@ -184,7 +185,7 @@ class Holding {
     const Desk stored = desk_of(dialogue_);
     answer_all(stored);
     refuse_all(stored);
-    for (const std::uint8_t byte : {0xFF, 2}) {
+    for (const std::uint8_t byte : std::array<std::uint8_t, 2>{0xFF, 2}) {
       // A list of wild values is one of bytes 255.
       if (!dialogue_.adding && (byte == 0xFF || dialogue_.wild_list.empty())) {
         list_ = dialogue_.wild_list.empty() ? list_ : dialogue_.wild_list;
@@ -284,9 +285,9 @@ class Holding {
       const Question* blamed = &dialogue_.questions.front();
       for (std::size_t row = 0; row < begins.size(); ++row) {
         const Question& question = dialogue_.questions[row];
-        const bool begun = seen.starts_with(shown_.substr(0, begins[row]));
-        const bool stored_wrongly = stored.starts_with(name_of(question) + "=");
-        blamed = seen != shown_ ? (begun ? &question : blamed) : (stored_wrongly ? &question : blamed);
+        // The last one reached as expected; where all are, the one whose field holds something else.
+        const bool reached = seen.starts_with(shown_.substr(0, begins[row]));
+        blamed = (seen == shown_ ? stored.starts_with(name_of(question) + "=") : reached) ? &question : blamed;
       }
       ADD_FAILURE_AT(blamed->place.file, blamed->place.line)
           << dialogue_.item.label << ", " << name_of(*blamed) << "\n  typed:    " << around(typed_, typed_.size())
@@ -304,7 +305,7 @@ class Holding {
       bytes_of(question, expected)[line_feed] = 0;
       value.resize(line_feed);
     }
-    return with_value(question.prompt, value);
+    return replaced(with_value(question.prompt, value), listed, list_);
   }
 
   void answer(const Question& question, const Accepted* given, Desk& expected) {

@@ -19,21 +19,10 @@ using std::string;
 constexpr std::size_t most_questions = 300;
 
 // The number before a label on a screen.
-string number_before(const string& label, std::string_view screen) {
-  std::istringstream lines{string(screen)};
-  for (string line; std::getline(lines, line);) {
-    if (const std::size_t colon = line.find(':'); colon < line.size() && line.substr(colon + 1) == label) {
-      return line.substr(0, colon);
-    }
-  }
-  ADD_FAILURE() << "no menu has \"" << label << "\"";
-  return "99";
-}
-
-std::size_t submenu_number(const Item& item) {
-  const auto found = std::ranges::find_if(
-      menus::menu_tree, [&](const shell::Submenu* submenu) { return submenu->label() == item.submenu; });
-  return static_cast<std::size_t>(found - menus::menu_tree.begin());
+string number_before(const string& label, const string& screen) {
+  const std::size_t colon = screen.find(":" + label + "\n"), line = screen.rfind('\n', colon) + 1;
+  EXPECT_NE(colon, string::npos) << "no menu has \"" << label << "\"";
+  return colon == string::npos ? "99" : screen.substr(line, colon - line);
 }
 
 // What leads to the item, and the screen of its submenu with the prompt below.
@@ -41,7 +30,8 @@ struct Way {
   string typed, submenu;
 
   explicit Way(const Item& item) {
-    const std::size_t number = submenu_number(item);
+    const auto found = std::ranges::find(menus::menu_tree, item.submenu, &shell::Submenu::label);
+    const auto number = static_cast<std::size_t>(found - menus::menu_tree.begin());
     const string screen(menus::menu_tree.at(number)->screen());
     typed = "admin\nadmin\n" + std::to_string(number) + "\n" + number_before(item.label, screen) + "\n";
     submenu = screen + menu_prompt;

@@ -57,8 +57,7 @@ class Terminal(pexpect.spawn):
             assert came == 0, f"{question or 'The end'!r} never came:\n{shown}"
             if question:
                 self.sendline(answer)
-        if until == MENU:
-            self.menu = self.after
+        self.menu = self.after
         return shown
 
     def visit(self, submenu, item, *answers, until=MENU):

@@ -22,8 +22,6 @@ SCHEDULE = {"Schedule?": "1", "Start Time Hour?": "8", "Start Time Minute?": "5"
 VISITS = [
     ("Wan Setting", {"WAN Type?": "0", "WAN MAC Type?": "1", "IP?": "198.51.100.7", "Secondary DNS IP": "0.0.0.0"}),
     ("Wan Setting", {"WAN Type?": "1", "Set DNS?": "7"}),
-    ("Wan Setting", {"WAN Type?": "2", "PPPoE Type?": "1", "Set DNS?": "7"}),
-    ("Wan Setting", {"WAN Type?": "5", "Auth Server?": "2"}),
     ("Lan Setting", {"Lan MASK": "255.0.255.0"}),
     ("DHCP setting", {"What item": "0", "DHCP Server End IP?": "192.168.1.160", "DHCP IP Lease Time?": "2"}),
     ("DHCP setting", {"What item": "1", **RULE, "IP?": "192.168.1.155", "MAC?": "02:00:5e:aa:BB:cc",
@@ -31,12 +29,10 @@ VISITS = [
     ("NAT Setting", {"DMZ Enable?": "1", "DMZ Lan IP": "192.168.1.77"}),
     ("Virtual Server Setting", {**RULE, "Private IP?": "192.168.1.10", "Protocol Type?": "2", "Private Port?": "80",
                                 "Public Port?": "8080", **SCHEDULE}),
-    ("Virtual Server Setting", {"Add new rule": "1", "What item": "0", "Del or Edit": "1", "Public Port?": "8081"}),
     ("Application Setting", {**RULE, "Trigger Port?": "6112", "Trigger Type?": "1", "Public Port Start?": "6113",
                              "Public Port End?": "6119", "Public Type?": "0", "Schedule?": "0"}),
     ("Static Route Setting", {**RULE, "Type?": "0", "Target?": "10.9.8.7", "Netmask?": "255.255.0.0",
                               "Gateway?": "192.168.1.9"}),
-    ("Static Route Setting", {**RULE, "Type?": "1", "Target?": "10.9.8.7", "Gateway?": "203.0.113.2"}),
     ("MAC Filter", {"Enable MAC Filter Function?": "1", **RULE, "MAC Address": "02:00:5e:aa:BB:0c", **SCHEDULE}),
     ("IP Filter", {"Enable IP Filter Function?": "1", **RULE, **HOME, "Start Port?": "1", "End Port?": "1023",
                    "Type?": "0", "Schedule?": "0"}),
@@ -44,14 +40,12 @@ VISITS = [
     ("Domain Filter", {"Enable Domain Filter Function?": "1", **RULE, **HOME, "Domain Filter String?": "example.com"}),
     ("Firewall Setting", {"Enable Firewall Function?": "1", **RULE, "Action?": "1", "Source interface?": "2",
                           "Source IP Range Start?": "203.0.113.1", "Source IP Range End?": "203.0.113.9",
-                          "Destination IP Range Start?": "192.168.1.10", "Destination IP Range End?": "192.168.1.20",
-                          "Protocol?": "0", "Destination Port Start?": "80", "Destination Port End?": "81",
-                          **SCHEDULE}),
+                          "Destination IP Range Start?": "192.168.1.1", "Destination IP Range End?": "192.168.1.9",
+                          "Protocol?": "0", "Destination Port Start?": "1", "Destination Port End?": "81", **SCHEDULE}),
     ("UPNP Setting", {"UPNP Enable?": "1"}),
     *(("Rule Summary", {"Select a list?": str(rules)}) for rules in range(8)),
     ("Basic Setting", {"SIP Port Number?": "5073"}),
-    ("Account Setting", {"Phone 0 Enable?": "1", "Phone Number?": "1001", "P-Asserted Enable?": "1",
-                         "Use Outbound Proxy for Session?": "1", "Outbound Proxy Server Port?": "5061"}),
+    ("Account Setting", {"Phone 0 Enable?": "1", "Phone Number?": "1001"}),
     ("NAT Traversal", {"STUN Enable?": "1", "STUN Server IP/URL?": "stun.example.net"}),
     ("Call Service", {"Call Service Phone 0 call_forward_always_uri?": "one"}),
     ("Phone Book Setting", {"Action": "0", "Phone Book SpeedDial Digit?": "4", "phone number": "5551234", "note": ""},
@@ -72,16 +66,15 @@ VISITS = [
 
 IN_FORCE = """\
 DMZ host: 192.168.1.77
-virtual server 0: TCP and UDP port 8081 to 192.168.1.10 port 80, 8:05-17:30 on Sun Mon Fri Sat
+virtual server 0: TCP and UDP port 8080 to 192.168.1.10 port 80, 8:05-17:30 on Sun Mon Fri Sat
 special application 0: UDP to port 6112 opens TCP ports 6113-6119, always
-firewall 0: allow TCP from any 203.0.113.1-203.0.113.9 to WAN 192.168.1.10-192.168.1.20 ports 80-81, \
+firewall 0: allow TCP from any 203.0.113.1-203.0.113.9 to WAN 192.168.1.1-192.168.1.9 ports 1-81, \
 8:05-17:30 on Sun Mon Fri Sat
 IP filter 0: 192.168.1.10-192.168.1.20 TCP ports 1-1023, always
 MAC filter 0: 02:00:5e:aa:bb:0c, 8:05-17:30 on Sun Mon Fri Sat
 URL filter 0: 192.168.1.10-192.168.1.20: a=b;$(reboot) %s
 domain filter 0: 192.168.1.10-192.168.1.20: example.com
 -net 10.9.0.0 netmask 255.255.0.0 gw 192.168.1.9
--host 10.9.8.7 gw 203.0.113.2
 UPnP: programs of the LAN open ports at 192.168.1.1
 """
 
@@ -114,7 +107,6 @@ def tour(state, preset="release"):
     """What a walk shows, without what is of the moment, and what it leaves behind; and the device's log."""
     with Desk(state, preset) as desk:
         desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
-        desk.console()  # keeps the desk up
         child = desk.console().log_in()
         # The snapshot of the log is made only when there is none.
         desk.shell("while [ $((i += 1)) -le 25 ]; do echo entry $i %s; done >/var/tmp/messages.tmp")
@@ -142,10 +134,9 @@ def test_what_is_set_on_a_walk_through_all_menus_is_in_force(toured):
     assert "s3cret" not in log and "bbreboot: " not in log
     if "Kernel IP routing table" not in shown:
         pytest.skip("Without namespaces the desk has no network of its own.")
-    assert "\n10.9.0.0 " in shown and "\n10.9.8.7 " in shown
+    assert "\n10.9.0.0 " in shown
     assert "\n192.168.1.155 255.255.255.0 192.168.1.1 192.168.1.1 10800\n" in shown
     assert "\nWAN MAC Address : 02:00:5E:48:30:00  \nWAN IP Address : 203.0.113.10\n" in shown
-    assert "\nWAN Gateway Address : 203.0.113.1\nDNS 1 (Primary):203.0.113.1\nDNS 2 (Secondary):203.0.113.2\n" in shown
 
 
 def test_arm_shows_and_stores_the_same(toured, tmp_path):
@@ -154,13 +145,15 @@ def test_arm_shows_and_stores_the_same(toured, tmp_path):
     assert tour(tmp_path, preset="arm")[0].splitlines() == toured[0].splitlines()
 
 
-def memory(desk, program, show):
-    """In kilobytes, once the program has shown what it is to show: the most there ever was, and what is its own. What
-    comes into view during a session are pages of the C library and of the settings, which are there for everybody."""
+def memory(desk, program, walks=False):
+    """In kilobytes, at the first prompt or after all menus: the most there ever was, and what is its own. What comes
+    into view during a session are pages of the C library and of the settings, which are there for everybody."""
     rounds = []
     for _ in range(5):
         child = desk.spawn("desk/join", program)
-        show(child)
+        child.expect("[?:]")
+        if walks:
+            walk(child.log_in())
         joined = psutil.Process(child.pid)
         process = [joined, *joined.children(recursive=True)][-1]
         status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
@@ -168,7 +161,7 @@ def memory(desk, program, show):
         child.sendeof()
         child.expect(pexpect.EOF)
     peak, own = [statistics.median(column) for column in zip(*rounds)]
-    print(f"\n{program} after {show.__name__}: at most {peak} KiB of memory, {own} KiB its own")
+    print(f"\n{program}{walks * ' after all menus'}: at most {peak} KiB of memory, {own} KiB its own")
     return peak, own
 
 
@@ -176,14 +169,6 @@ def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(des
     desk.console()
     subprocess.run(["cc", "-Os", "-s", "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING, text=True,
                    check=True)
-
-    def first_prompt(child):
-        child.expect("[?:]")
-
-    def all_menus(child):
-        first_prompt(child)
-        walk(child.log_in())
-
-    peak, own = memory(desk, "/usr/sbin/waits", first_prompt)
-    assert memory(desk, "/usr/sbin/console", first_prompt)[0] <= 1.15 * peak
-    assert memory(desk, "/usr/sbin/console", all_menus)[1] <= own + 48
+    peak, own = memory(desk, "/usr/sbin/waits")
+    assert memory(desk, "/usr/sbin/console")[0] <= 1.15 * peak
+    assert memory(desk, "/usr/sbin/console", walks=True)[1] <= own + 48

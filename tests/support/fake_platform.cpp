@@ -162,6 +162,7 @@ void run_shell_command(const char* command, Keyboard keyboard) {
   note((keyboard == Keyboard::is_ignored ? "uninterrupted " : "") + string(command));
   if (std::strcmp(command, "/opt/httpd/sbin/web_server dumpshare") == 0) {
     current->saved = current->settings;
+    ++current->saves;
   }
   current->on_command(command);
 }

@@ -189,7 +189,7 @@ class Dialogue {
   Value ask(const Question& question, std::optional<Value> stored, const Option& option);
   Value ask_and_note(const Question& question, Bytes field, const Option& option);
   config::Ipv4 ask_address(const Question& question, config::Ipv4& field, const Option& option);
-  std::uint32_t ask_which(Question question, std::size_t count, const Option& option);
+  std::uint32_t ask_pick(Question question, std::size_t count, const Option& option);
   void ask_text(Prompt<Shows::text> prompt, Bytes field, TextRule rule);
   bool left();
   void report(const Refusal& refusal);

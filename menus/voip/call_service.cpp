@@ -58,9 +58,7 @@ void call_service() {
     ask_phone(ask, i, service.phone_call_service[i]);
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

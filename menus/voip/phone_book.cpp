@@ -37,8 +37,7 @@ void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key
       other.dial_key = PhoneBookEntry::no_dial_key;
     }
   }
-  ask.commit();
-  shell::save_and_signal_voice_daemon();
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 void phone_book_add() {
@@ -56,9 +55,7 @@ void phone_book_delete() {
   shell::Dialogue ask(shell::Dialogue::ask_again);
   PhoneBookEntry& entry = pick_entry(ask);
   ask.note_zero(entry.phone_number.bytes[0], entry.note.bytes[0]);
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 void phone_book_modify() {

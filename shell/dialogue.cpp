@@ -1,7 +1,6 @@
 #include "shell/dialogue.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 
 #include "platform/platform.h"
@@ -16,27 +15,6 @@ struct JournalEntry {
   void* field;
   std::size_t size;
 };
-
-// Room for a MAC address, the longest value but a text.
-using ValueText = std::array<char, 18>;
-
-// As "%d" shows it: a stored word above the signed range shows negative.
-std::string_view number_text(ValueText& text, std::uint32_t value) {
-  const int length = std::snprintf(text.data(), text.size(), "%d", static_cast<std::int32_t>(value));
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-std::string_view address_text(ValueText& text, config::Ipv4 address) {
-  const int length = std::snprintf(text.data(), text.size(), "%u.%u.%u.%u", address.octet[0],
-                                   address.octet[1], address.octet[2], address.octet[3]);
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-std::string_view mac_text(ValueText& text, const config::Mac& mac) {
-  const int length = std::snprintf(text.data(), text.size(), "%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0],
-                                   mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4], mac.byte[5]);
-  return {text.data(), static_cast<std::size_t>(length)};
-}
 
 // [first, middle) and [middle, last).
 void swap_neighbours(char* first, char* middle, char* last) {
@@ -153,9 +131,8 @@ Dialogue::Value Dialogue::ask(const PromptText& prompt, std::string_view shown, 
 
 std::uint32_t Dialogue::ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
                                    const Option& option) {
-  ValueText text;
   const std::uint32_t shown = adding_ ? 0 : current;
-  return ask(prompt, number_text(text, shown), {shown, {}}, rule, option, adding_).word;
+  return ask(prompt, ValueText(Number(shown)), {shown, {}}, rule, option, adding_).word;
 }
 
 std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits) {
@@ -213,10 +190,8 @@ std::uint32_t Dialogue::number_of(Prompt<Shows::number> prompt, std::uint32_t cu
 
 config::Ipv4 Dialogue::ask_address(const PromptText& prompt, config::Ipv4& field, Kind kind,
                                    const Option& option) {
-  ValueText text;
   const config::Ipv4 shown = adding_ ? config::Ipv4{} : field;
-  const Value given =
-      ask(prompt, address_text(text, shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_);
+  const Value given = ask(prompt, ValueText(shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_);
   return write(field, config::Ipv4::from_word(given.word));
 }
 
@@ -233,9 +208,8 @@ config::Ipv4 Dialogue::netmask(Prompt<Shows::address> prompt, config::Ipv4& fiel
 }
 
 void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field) {
-  ValueText text;
   const config::Mac shown = adding_ ? config::Mac{} : field;
-  write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, no_option, adding_).mac);
+  write(field, ask(prompt, ValueText(shown), {0, shown}, {Kind::mac, {}, {}}, no_option, adding_).mac);
 }
 
 std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,

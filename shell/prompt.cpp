@@ -10,7 +10,7 @@ void PromptText::show(int subject, std::string_view value) const {
   std::size_t shown = 0;
   if (subject_at != std::string_view::npos) {
     put(text.substr(0, subject_at));
-    print("%d", subject);
+    put(Number(subject));
     shown = subject_at + std::string_view("%d").size();
   }
   if (value_at != std::string_view::npos) {

@@ -18,18 +18,19 @@ const char* interface_name(std::uint8_t interface) {
 }
 
 void show(const config::FirewallRule& rule) {
-  shell::print("     |%s    |", rule.action != 0 ? "Allow" : "Deny ");
+  shell::put("     |", rule.action != 0 ? "Allow" : "Deny ", "    |");
   show_schedule(rule.schedule);
   shell::put(
       "   +-----------+---------+----------------------------------------------------\n"
       "   |           |Interface|IP Range                       |Protocol|Port Range \n"
       "   +-----------+---------+-------------------------------+--------+-----------\n");
-  shell::print("   |source     |%s      |", interface_name(rule.src_interface));
+  shell::put("   |source     |", interface_name(rule.src_interface), "      |");
   show_ip_range(rule.src_ip_start, rule.src_ip_end);
-  shell::print("|        |\n   |destination|%s      |", interface_name(rule.dst_interface));
+  shell::put("|        |\n   |destination|", interface_name(rule.dst_interface), "      |");
   show_ip_range(rule.dst_ip_start, rule.dst_ip_end);
-  shell::print("|%s    |%5d-%5d\n", protocol_name(rule.protocol), rule.dst_port_start, rule.dst_port_end);
-  shell::put("---+-----------+---------+-------------------------------+--------+-----------\n");
+  shell::put('|', protocol_name(rule.protocol), "    |");
+  show_port_range(rule.dst_port_start, rule.dst_port_end);
+  shell::put("\n---+-----------+---------+-------------------------------+--------+-----------\n");
 }
 
 void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {

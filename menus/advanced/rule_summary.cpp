@@ -12,7 +12,7 @@ void rule_summary() {
       &ip_filters,      &url_filters,          &domain_filters, &firewall_rules,
   };
   for (std::size_t list = 0; list < tables.size(); ++list) {
-    shell::print("%zu:%s Rule List\n", list, tables[list]->name);
+    shell::put(shell::Number(list), ':', tables[list]->name, " Rule List\n");
   }
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   ask.about(tables.size() - 1);

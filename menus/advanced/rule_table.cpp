@@ -56,7 +56,7 @@ void show_rules(const RuleTable& table, int index) {
   for (std::size_t rule = 0; rule < rule_count; ++rule) {
     const bool listed = index == all_rules || static_cast<std::size_t>(index) == rule;
     if (listed && !is_free(table, rule)) {
-      shell::print("%2zu:|%d     ", rule, table.enable(rule));
+      shell::put(shell::Number(rule, 2), ":|", shell::Number(table.enable(rule)), "     ");
       table.show(rule);
     }
   }
@@ -98,7 +98,7 @@ void configure_rules(const RuleTable& table) {
 // ---- What several tables show and ask ----
 
 void show_switch(const char* label, std::uint8_t value) {
-  shell::print("%s:<%s>\n", label, value != 0 ? "Enable" : "Disable");
+  shell::put(label, value != 0 ? ":<Enable>\n" : ":<Disable>\n");
 }
 
 const char* protocol_name(std::uint8_t protocol) {
@@ -107,13 +107,17 @@ const char* protocol_name(std::uint8_t protocol) {
 }
 
 void show_address(config::Ipv4 address) {
-  shell::print("%3u.%3u.%3u.%3u", address.octet[0], address.octet[1], address.octet[2], address.octet[3]);
+  shell::put(std::string_view(shell::ValueText(address, 3)));
 }
 
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
   show_address(start);
   shell::put("-");
   show_address(end);
+}
+
+void show_port_range(std::uint16_t start, std::uint16_t end) {
+  shell::put(shell::Number(start, 5), '-', shell::Number(end, 5));
 }
 
 void ask_address(Dialogue& ask, AddressPrompt prompt, config::Ipv4& field) {

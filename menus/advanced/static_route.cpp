@@ -10,7 +10,7 @@ constexpr std::uint8_t host = 1;
 constexpr config::Ipv4 host_netmask{{255, 255, 255, 255}};
 
 void show(const config::StaticRoute& route) {
-  shell::print("|%s |", route.route_type != 0 ? "Host" : "Net ");
+  shell::put('|', route.route_type != 0 ? "Host" : "Net ", " |");
   show_address(route.route_target);
   shell::put("|");
   show_address(route.route_netmask);

@@ -58,13 +58,10 @@ const char* lease_label(std::size_t index) {
 
 void show_dhcp_server() {
   const config::DhcpSettings& dhcp = shell::segment().dhcp;
-  const auto& start = dhcp.dhcp_start_ip.octet;
-  const auto& end = dhcp.dhcp_end_ip.octet;
-  shell::print("DHCP Server Enable:<%d>(0:Disable, 1:Enable)\n", dhcp.dhcp_server_enable);
-  shell::print("DHCP Server Start IP:<%u.%u.%u.%u>\n", start[0], start[1], start[2], start[3]);
-  shell::print("DHCP Server End IP:<%u.%u.%u.%u>\n", end[0], end[1], end[2], end[3]);
-  shell::print("DHCP IP Lease Time:<%s>\n", lease_label(lease_index(dhcp.dhcp_lease_time)));
-  shell::put("\n");
+  shell::put("DHCP Server Enable:<", shell::Number(dhcp.dhcp_server_enable), ">(0:Disable, 1:Enable)\n");
+  shell::put("DHCP Server Start IP:<", dhcp.dhcp_start_ip, ">\n");
+  shell::put("DHCP Server End IP:<", dhcp.dhcp_end_ip, ">\n");
+  shell::put("DHCP IP Lease Time:<", lease_label(lease_index(dhcp.dhcp_lease_time)), ">\n\n");
 }
 
 Ipv4 ask_pool_address(Dialogue& ask, shell::Prompt<shell::Shows::address> prompt, Ipv4& field) {
@@ -81,7 +78,7 @@ void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
     return;
   }
   for (std::size_t i = 0; i < lease_times.size(); ++i) {
-    shell::print("%d:%s\n", static_cast<int>(i), lease_times[i].label);
+    shell::put(shell::Number(i), ':', lease_times[i].label, '\n');
   }
   const std::size_t current = lease_index(lease_time);
   const std::uint32_t chosen =
@@ -116,12 +113,8 @@ void dhcp_server_setting() {
 
 void show_static_dhcp(std::size_t index) {
   const StaticDhcpClient& client = shell::segment().dhcp.static_dhcp_table[index];
-  const auto& mac = client.mac.byte;
-  const auto& ip = client.ip.octet;
-  const auto description = client.description.view();
-  shell::print("%d:Enable:%d\tMAC:%02x:%02x:%02x:%02x:%02x:%02x\tIP:%u.%u.%u.%u\tDiscription:%.*s\n",
-               static_cast<int>(index), client.enable, mac[0], mac[1], mac[2], mac[3], mac[4], mac[5], ip[0],
-               ip[1], ip[2], ip[3], static_cast<int>(description.size()), description.data());
+  shell::put(shell::Number(index), ":Enable:", shell::Number(client.enable), "\tMAC:", client.mac,
+             "\tIP:", client.ip, "\tDiscription:", client.description.view(), '\n');
 }
 
 void show_static_dhcp() {

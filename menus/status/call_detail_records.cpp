@@ -17,9 +17,7 @@ struct CallRecord {
   config::Text<4> sequence;  // from 1; empty in an empty record, which ends the list
   config::Text<5> call_type;
   config::Text<17> phone_number;
-  config::Text<21> call_time;
-  config::Text<21> answer_time;
-  config::Text<21> disconnect_time;
+  std::array<config::Text<21>, 3> times;  // of the call, of the answer, of the end
   config::Text<5> reason;
   config::Text<10> duration;
   config::Text<4> phone;  // the telephone port, from 0
@@ -117,9 +115,9 @@ void receive_call_log(int daemon) {
     std::snprintf(record.sequence.bytes.data(), record.sequence.bytes.size(), "%d", sequence);
     record.call_type.assign(fields[0]);
     record.phone_number.assign(fields[1]);
-    format_cdr_time(fields[2], record.call_time);
-    format_cdr_time(fields[3], record.answer_time);
-    format_cdr_time(fields[4], record.disconnect_time);
+    for (std::size_t i = 0; i < record.times.size(); ++i) {
+      format_cdr_time(fields[2 + i], record.times[i]);
+    }
     record.reason.assign(fields[5]);
     record.duration.assign(fields[6]);
     record.phone.assign(fields[7]);
@@ -139,21 +137,20 @@ void fetch_call_log() {
 void show_call(const CallRecord& record) {
   constexpr const char* rule =
       "------------------------------------------------------------------------------\n";
-  shell::put(rule);
-  shell::put(
-      "Phone Num       |Durace time|phone|Reason\n"
-      "----------------+-----------+-----+-------------------------------------------\n");
-  shell::print("%-16s|%11d|%5d|%s\n", record.phone_number.bytes.data(),
-               field_number(record.duration.bytes.data()), field_number(record.phone.bytes.data()) + 1,
-               reason_text(record));
-  shell::put(rule);
-  shell::put(
-      "Call type|Call time           |Answer time         |Disconnect time     \n"
-      "---------+--------------------+--------------------+--------------------------\n");
-  shell::print("%s|%-20s|%-20s|%-20s\n", call_type_text(record), record.call_time.bytes.data(),
-               record.answer_time.bytes.data(), record.disconnect_time.bytes.data());
-  shell::put(rule);
-  shell::put("\n");
+  shell::put(rule,
+             "Phone Num       |Durace time|phone|Reason\n"
+             "----------------+-----------+-----+-------------------------------------------\n");
+  shell::put(shell::Cell{record.phone_number.view(), 16}, '|',
+             shell::Number(field_number(record.duration.bytes.data()), 11), '|',
+             shell::Number(field_number(record.phone.bytes.data()) + 1, 5), '|', reason_text(record), '\n');
+  shell::put(rule,
+             "Call type|Call time           |Answer time         |Disconnect time     \n"
+             "---------+--------------------+--------------------+--------------------------\n");
+  shell::put(call_type_text(record));
+  for (const config::Text<21>& time : record.times) {
+    shell::put('|', shell::Cell{time.view(), 20});
+  }
+  shell::put('\n', rule, '\n');
 }
 
 }  // namespace

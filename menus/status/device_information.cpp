@@ -91,7 +91,7 @@ std::string_view behind(std::string_view text, std::string_view marker, std::siz
 }
 
 void show_value(const char* label, const char* name, std::string_view value) {
-  shell::print("%s %s : %.*s\n", label, name, static_cast<int>(value.size()), value.data());
+  shell::put(label, name, config::text_in(value), '\n');
 }
 
 // ---- The parts of the page ----
@@ -138,7 +138,7 @@ void show_interface_mac(const char* interface, const char* label) {
   }
   const std::string_view line = output.next_line();
   if (!contains(line, "error")) {
-    show_value(label, "MAC Address", behind(up_to(line, '\n'), "HWaddr", 1));
+    show_value(label, " MAC Address : ", behind(up_to(line, '\n'), "HWaddr", 1));
   }
 }
 
@@ -177,8 +177,8 @@ void show_interface_addresses(const char* interface, const char* label) {
   }
   show_interface_mac(is_ppp ? "eth0" : interface, label);
   const std::string_view addresses = behind(up_to(output.next_line(), '\n'), "inet addr:", 0);
-  show_value(label, "IP Address", up_to(addresses, ' '));
-  show_value(label, "Subnet Mask", behind(addresses, "Mask:", 0));
+  show_value(label, " IP Address : ", up_to(addresses, ' '));
+  show_value(label, " Subnet Mask : ", behind(addresses, "Mask:", 0));
 }
 
 void show_dns_servers() {
@@ -196,17 +196,16 @@ void show_dns_servers() {
     }
     platform::close_file(file);
   }
-  shell::print("DNS 1 (Primary):%s\n", servers[0].bytes.data());
-  shell::print("DNS 2 (Secondary):%s\n", servers[1].bytes.data());
-  shell::put("Other DNS: ");
+  shell::put("DNS 1 (Primary):", servers[0].view(), "\nDNS 2 (Secondary):", servers[1].view(),
+             "\nOther DNS: ");
   for (std::size_t i = 2; i < count; ++i) {
-    shell::print("%s,", servers[i].bytes.data());
+    shell::put(servers[i].view(), ',');
   }
   shell::put("\n");
 }
 
 void show_switch(const char* name, std::uint8_t enabled) {
-  shell::print("%s : %s \n", name, enabled != 0 ? "Enabled" : "Disabled");
+  shell::put(name, enabled != 0 ? " : Enabled \n" : " : Disabled \n");
 }
 
 // ---- The actions ----
@@ -273,7 +272,7 @@ void device_information() {
   shell::put("Device Mode : Router Mode \n");
   shell::put(rule);
   if (wan.name != nullptr) {
-    shell::print("WAN Type : %s \n", wan.name);
+    shell::put("WAN Type : ", wan.name, " \n");
   }
   if (wan.interface != nullptr) {
     show_interface_addresses(wan.interface, "WAN");

@@ -55,7 +55,8 @@ const char* state(const Fields& fields, std::size_t number) {
 void show_counters(const char* phone_and_channel, const Fields& fields, std::size_t sent) {
   shell::put(phone_and_channel);
   for (std::size_t counter = sent; counter < sent + 3; ++counter) {
-    shell::print("|%9d|%9d", field_number(fields[counter]), field_number(fields[current + counter]));
+    shell::put('|', shell::Number(field_number(fields[counter]), 9), '|',
+               shell::Number(field_number(fields[current + counter]), 9));
   }
   shell::put("\n");
 }
@@ -74,8 +75,9 @@ void line_state() {
       "\n"
       "Phone 1            |Phone 2            |Account 1          |Account 2\n"
       "-------------------+-------------------+-------------------+------------------\n");
-  shell::print("%-19.19s|%-19.19s|%-19.19s|%-19.19s\n", state(fields, 0), state(fields, 1), state(fields, 2),
-               state(fields, 3));
+  for (std::size_t number = 0; number < 4; ++number) {
+    shell::put(shell::Cell{state(fields, number), 19}, number < 3 ? "|" : "\n");
+  }
   constexpr const char* separator =
       "-----+-------+---------+---------+---------+---------+---------+--------------\n";
   shell::put(

@@ -48,7 +48,7 @@ class Screen {
   std::uint16_t length_ = 0;
 };
 
-// A table of items, by number from 0 to 10, as the shell wants it. The compiler draws the screen.
+// A table of items, by number from 0, as the shell wants it. The compiler draws the screen.
 class Submenu {
  public:
   static constexpr std::size_t slots = 11;
@@ -87,6 +87,6 @@ enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_impleme
 
 // Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
 // when the login has expired or was taken over.
-int classify_input(std::size_t length);
+unsigned classify_input(std::size_t length);
 
 }  // namespace shell

@@ -83,8 +83,8 @@ void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
   const std::size_t current = lease_index(lease_time);
   const std::uint32_t chosen =
       ask.named_choice("DHCP IP Lease Time?<%s>:", lease_label(current), static_cast<std::uint32_t>(current),
-                       "0123456", {.judge_kept = true});
-  ask.write(lease_time, lease_times[chosen].seconds);
+                       shell::OneOf::first(lease_times.size()), {.judge_kept = true});
+  ask.note(lease_time, lease_times[chosen].seconds);
 }
 
 void dhcp_server_setting() {
@@ -103,7 +103,7 @@ void dhcp_server_setting() {
     ask.refuse(Message::ip_range);
   }
   ask_lease_time(ask, dhcp.dhcp_lease_time);
-  ask.write_before(dhcp.dhcp_start_ip, dhcp.dhcp_lease_time);
+  ask.note_in_order(dhcp.dhcp_lease_time, dhcp.dhcp_start_ip);
   if (ask.commit()) {
     apply_dhcp();
   }
@@ -143,7 +143,7 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   } else {
     ask.text("Description?<%s>:", client.description);
   }
-  ask.write_before(client.ip, client.mac);
+  ask.note_in_order(client.mac, client.ip);
   if (ask.commit()) {
     apply_dhcp();
   }
@@ -165,7 +165,7 @@ void add_client() {
 void modify_client() {
   auto& table = shell::segment().dhcp.static_dhcp_table;
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::size_t index = ask.pick("What item do you want to configure? (0-31):", {0, 31});
+  const std::size_t index = ask.pick("What item do you want to configure? (0-%d):", table.size());
   StaticDhcpClient& client = table[index];
   if (client.enable == config::free_slot) {
     ask.refuse(Message::wrong_choice);
@@ -174,7 +174,7 @@ void modify_client() {
     return;
   }
   show_static_dhcp(index);
-  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", {0, 1}, {.rest_ignored = true});
+  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", 2, {.rest_ignored = true});
   if (ask.ended()) {
     return;
   }
@@ -190,7 +190,7 @@ void modify_client() {
 void static_client_setting() {
   show_static_dhcp();
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", {0, 1});
+  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2);
   if (ask.ended()) {
     return;
   }
@@ -205,8 +205,8 @@ void static_client_setting() {
 
 void dhcp_setting() {
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t clients = ask.pick_digit(
-      "What item do you want to configure? (0:DHCP SERVER Setting, 1:Static DHCP Client):", "01");
+  const std::uint32_t clients =
+      ask.pick_digit("What item do you want to configure? (0:DHCP SERVER Setting, 1:Static DHCP Client):", 2);
   if (ask.ended()) {
     return;
   }

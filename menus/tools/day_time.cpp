@@ -50,23 +50,17 @@ constexpr char time_zones[][37] = {
     "(GMT+12:00) Auckland, Wellington",
 };
 
-// Two to a line; the number in so many columns.
-void show_time_zone(std::size_t zone, std::uint8_t columns) {
-  shell::put(shell::Number(zone, columns), '-', shell::Cell{time_zones[zone], 36});
-}
-
 // Anything but a number of a zone leaves the zone as it is, without a word.
 void select_time_zone() {
   std::uint8_t& zone = shell::segment().date_time.time_zone;
-  shell::put("Time Zone : ", shell::Number(zone), '-', zone < std::size(time_zones) ? time_zones[zone] : "",
-             "\n");
+  shell::put("Time Zone : ", shell::Number(zone), "-", zone < std::size(time_zones) ? time_zones[zone] : "");
   constexpr std::size_t last = std::size(time_zones) - 1;
   for (std::size_t i = 0; i <= last; ++i) {
-    show_time_zone(i, i % 2 == 0 ? 1 : 2);
-    shell::put(i % 2 == 0 ? " " : "\n");
+    // Two to a line.
+    const bool first = i % 2 == 0;
+    shell::put(first ? '\n' : ' ', shell::Number(i, first ? 1 : 2), '-', shell::Cell{time_zones[i], 36});
   }
-  shell::put("\n");
-  shell::put("Select Time Zone (0-24): ");
+  shell::put(" \nSelect Time Zone (0-", shell::Number(last), "): ");
   const bool answered = shell::read_line() != 0;
   const auto number = shell::whole_number(shell::line_text());
   if (answered && number && *number <= last) {

@@ -128,27 +128,22 @@ TEST(Wan, Pppoe) {
 
 TEST(Wan, PptpAndL2tp) {
   auto& all = fields.wan;
-  const auto tunnel = [](int type, const string& name, auto& mtu_field, auto& type_field, auto& ip, auto& mask,
-                         auto& gateway, auto& server, auto& account, auto& password, auto& connect_type,
-                         auto& max_idle_time) {
+  const auto tunnel = [](int type, const string& name, auto& mtu_field, config::TunnelSettings& settings) {
     const string most = "(MAX Character:127):";
-    return wan(type, std::vector{mtu(mtu_field, 1300, 1400),
-                                 Question(type_field, 1, name + " Type?<%d>(0:Dynamic IP,1:Static IP):",
-                                          NumberKind{{{}, {"2", "x", "-1", "10"}}}, {.only = {"01", "1"}}),
-                                 Question(ip, "1.2.3.4", "Static IP?<%u.%u.%u.%u>:", ipv4()),
-                                 Question(mask, "0.0.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask()),
-                                 Question(gateway, "0.0.0.0", "Gateway?<%u.%u.%u.%u>:", ipv4()),
-                                 Question(server, "vpn", name + " Server IP or domain Name?<%s>" + most, text(127)),
-                                 Question(account, "a", name + " Account?<%s>" + most, text(127)),
-                                 Question(password, "p", name + " Password?<%s>" + most, text(127))} +
-                         dialling(connect_type, max_idle_time));
+    return wan(type,
+               std::vector{mtu(mtu_field, 1300, 1400),
+                           Question(settings.type, 1, name + " Type?<%d>(0:Dynamic IP,1:Static IP):",
+                                    NumberKind{{{}, {"2", "x", "-1", "10"}}}, {.only = {"01", "1"}}),
+                           Question(settings.static_ip, "1.2.3.4", "Static IP?<%u.%u.%u.%u>:", ipv4()),
+                           Question(settings.netmask, "0.0.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask()),
+                           Question(settings.gateway, "0.0.0.0", "Gateway?<%u.%u.%u.%u>:", ipv4()),
+                           Question(settings.server, "vpn", name + " Server IP or domain Name?<%s>" + most, text(127)),
+                           Question(settings.account, "a", name + " Account?<%s>" + most, text(127)),
+                           Question(settings.password, "p", name + " Password?<%s>" + most, text(127))} +
+                   dialling(settings.connect_type, settings.max_idle_time));
   };
-  const Dialogue pptp =
-      tunnel(3, "PPTP", all.pptp_mtu, all.pptp_type, all.pptp_static_ip, all.pptp_netmask, all.pptp_gateway,
-             all.pptp_server, all.pptp_account, all.pptp_password, all.pptp_connect_type, all.pptp_max_idle_time);
-  const Dialogue l2tp =
-      tunnel(4, "L2TP", all.l2tp_mtu, all.l2tp_type, all.l2tp_static_ip, all.l2tp_netmask, all.l2tp_gateway,
-             all.l2tp_server, all.l2tp_account, all.l2tp_password, all.l2tp_connect_type, all.l2tp_max_idle_time);
+  const Dialogue pptp = tunnel(3, "PPTP", all.pptp_mtu, all.pptp);
+  const Dialogue l2tp = tunnel(4, "L2TP", all.l2tp_mtu, all.l2tp);
   hold(pptp);
   hold(l2tp);
   for (const auto& [dialogue, name] : {std::pair(pptp, "pptp"), std::pair(l2tp, "l2tp")}) {

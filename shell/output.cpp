@@ -14,12 +14,16 @@ std::array<char, 20480> buffer;
 std::size_t filled = 0;
 bool lost = false;
 
-// Returns its end.
-char* write_number(char* at, Number number) {
-  std::array<char, 12> digits;
-  const auto length = std::to_chars(digits.begin(), digits.end(), number.value).ptr - digits.begin();
-  const std::ptrdiff_t blanks = std::max<std::ptrdiff_t>(number.width - length, 0);
-  return std::copy_n(digits.begin(), length, std::fill_n(at, blanks, number.fill));
+// Room for so many characters, few enough for an empty buffer.
+char* room_for(std::size_t size) {
+  if (size > buffer.size() - filled) {
+    flush_output();
+  }
+  return buffer.data() + filled;
+}
+
+void filled_to(const char* end) {
+  filled = static_cast<std::size_t>(end - buffer.data());
 }
 
 }  // namespace
@@ -48,50 +52,49 @@ void put(const char* text) {
   put(std::string_view(text));
 }
 
-ValueText::ValueText(Number number) {
-  length_ = static_cast<std::size_t>(write_number(text_.data(), number) - text_.data());
-}
-
-ValueText::ValueText(config::Ipv4 address, std::uint8_t columns) {
-  char* end = text_.data();
-  for (const std::uint8_t octet : address.octet) {
-    end = write_number(end, {octet, columns});
-    *end++ = '.';
-  }
-  length_ = static_cast<std::size_t>(end - text_.data()) - 1;
-}
-
-ValueText::ValueText(const config::Mac& mac) : length_(text_.size() - 1) {
-  constexpr char digits[] = "0123456789abcdef";
-  char* end = text_.data();
-  for (const std::uint8_t byte : mac.byte) {
-    *end++ = digits[byte >> 4];
-    *end++ = digits[byte & 15];
-    *end++ = ':';
-  }
-}
-
 void put(char character) {
-  put(std::string_view(&character, 1));
+  *room_for(1) = character;
+  ++filled;
 }
 
 void put(Number number) {
-  put(std::string_view(ValueText(number)));
+  constexpr std::size_t longest = 12;
+  char* const at = room_for(longest);
+  char* const end = std::to_chars(at, at + longest, number.value).ptr;
+  const std::ptrdiff_t blanks = std::max<std::ptrdiff_t>(number.width - (end - at), 0);
+  std::copy_backward(at, end, end + blanks);
+  std::fill_n(at, blanks, number.fill);
+  filled_to(end + blanks);
 }
 
 void put(const Cell& cell) {
-  constexpr std::string_view blanks = "                                        ";
   const std::string_view text = cell.text.substr(0, cell.width);
   put(text);
-  put(blanks.substr(0, cell.width - text.size()));
+  const std::size_t blanks = cell.width - text.size();
+  filled_to(std::fill_n(room_for(blanks), blanks, ' '));
+}
+
+void put_columns(config::Ipv4 address, std::uint8_t columns) {
+  for (const std::uint8_t octet : address.octet) {
+    put(Number(octet, columns));
+    put('.');
+  }
+  --filled;
 }
 
 void put(config::Ipv4 address) {
-  put(std::string_view(ValueText(address)));
+  put_columns(address, 0);
 }
 
 void put(const config::Mac& mac) {
-  put(std::string_view(ValueText(mac)));
+  constexpr char digits[] = "0123456789abcdef";
+  char* at = room_for(3 * mac.byte.size());
+  for (const std::uint8_t byte : mac.byte) {
+    *at++ = digits[byte >> 4];
+    *at++ = digits[byte & 15];
+    *at++ = ':';
+  }
+  filled_to(at - 1);
 }
 
 bool output_is_lost() {

@@ -2,7 +2,6 @@
 // start another program, to pause or to end, and when the buffer is full; at no other time.
 #pragma once
 
-#include <array>
 #include <concepts>
 #include <cstdint>
 #include <string_view>
@@ -27,26 +26,14 @@ struct Cell {
   std::uint8_t width;  // 40 at most
 };
 
-// A value as the menus show it: -1, 192.168.1.1, 00:11:22:aa:bb:cc.
-class ValueText {
- public:
-  explicit ValueText(Number number);
-  // Each octet right-aligned in so many columns.
-  explicit ValueText(config::Ipv4 address, std::uint8_t columns = 0);
-  explicit ValueText(const config::Mac& mac);
-  operator std::string_view() const { return {text_.data(), length_}; }
-
- private:
-  std::array<char, 16 + 2> text_;
-  std::size_t length_;
-};
-
 // Texts are of any length.
 void put(std::string_view text);
 void put(const char* text);
 void put(char character);
 void put(Number number);
 void put(const Cell& cell);
+// Each octet right-aligned in so many columns.
+void put_columns(config::Ipv4 address, std::uint8_t columns);
 void put(config::Ipv4 address);
 void put(const config::Mac& mac);
 // One behind the other.

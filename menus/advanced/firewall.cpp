@@ -31,13 +31,12 @@ void show(const config::FirewallRule& rule) {
 }
 
 void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
-  ask.choice("Action?<%d>(0:Deny, 1:Allow):", rule.action, "01", {.empty_is_zero = true});
-  ask.choice("Source interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.src_interface, "012",
-             {.empty_is_zero = true});
+  ask.choice("Action?<%d>(0:Deny, 1:Allow):", rule.action, "01", shell::empty_is_zero);
+  ask.choice("Source interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.src_interface, "012", shell::empty_is_zero);
   ask_ip_range(ask, "Source IP Range Start?<%u.%u.%u.%u>:", rule.src_ip_start,
                "Source IP Range End?<%u.%u.%u.%u>:", rule.src_ip_end);
   ask.choice("Destination interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.dst_interface, "012",
-             {.empty_is_zero = true});
+             shell::empty_is_zero);
   ask_ip_range(ask, "Destination IP Range Start?<%u.%u.%u.%u>:", rule.dst_ip_start,
                "Destination IP Range End?<%u.%u.%u.%u>:", rule.dst_ip_end);
   const std::uint8_t protocol =

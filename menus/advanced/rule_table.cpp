@@ -96,7 +96,7 @@ void configure_rules(const RuleTable& table) {
       shell::show_message(shell::Message::keep_with_enter);
     }
     ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable_byte(index), "01",
-               {.empty_is_zero = true});
+               shell::empty_is_zero);
     table.ask_rule(ask, index);
   }
   if (ask.commit()) {
@@ -117,7 +117,7 @@ const char* protocol_name(std::uint8_t protocol) {
 }
 
 void show_address(config::Ipv4 address) {
-  shell::put(std::string_view(shell::ValueText(address, 3)));
+  shell::put_columns(address, 3);
 }
 
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
@@ -131,13 +131,13 @@ void show_port_range(std::uint16_t start, std::uint16_t end) {
 }
 
 void ask_address(Dialogue& ask, AddressPrompt prompt, config::Ipv4& field) {
-  ask.address(prompt, field, {.judge_kept = true});
+  ask.address(prompt, field, shell::judge_kept);
 }
 
 void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start, AddressPrompt end_prompt,
                   config::Ipv4& end) {
-  const config::Ipv4 first = ask.address(start_prompt, start, {.judge_kept = true});
-  const config::Ipv4 last = ask.address(end_prompt, end, {.judge_kept = true});
+  const config::Ipv4 first = ask.address(start_prompt, start, shell::judge_kept);
+  const config::Ipv4 last = ask.address(end_prompt, end, shell::judge_kept);
   if (!shell::ip_range_ascending(first, last)) {
     ask.refuse(shell::Message::ip_range);
   }

@@ -27,7 +27,7 @@ void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {
   } else {
     // A stored route's mask is asked for whatever its type: a net that becomes a host keeps what is left
     // here.
-    ask.netmask("Netmask?<%u.%u.%u.%u>:", route.route_netmask, {.judge_kept = true});
+    ask.netmask("Netmask?<%u.%u.%u.%u>:", route.route_netmask, shell::judge_kept);
   }
   ask_address(ask, "Gateway?<%u.%u.%u.%u>:", route.route_gateway);
 }

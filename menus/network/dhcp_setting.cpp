@@ -66,7 +66,7 @@ void show_dhcp_server() {
 
 Ipv4 ask_pool_address(Dialogue& ask, shell::Prompt<shell::Shows::address> prompt, Ipv4& field) {
   const config::LanSettings& lan = shell::segment().lan;
-  const Ipv4 address = ask.address(prompt, field, {.judge_kept = true});
+  const Ipv4 address = ask.address(prompt, field, shell::judge_kept);
   if ((address & lan.lan_netmask) != (lan.lan_ip & lan.lan_netmask)) {
     ask.refuse(Message::illegal_value);
   }
@@ -83,7 +83,7 @@ void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
   const std::size_t current = lease_index(lease_time);
   const std::uint32_t chosen =
       ask.named_choice("DHCP IP Lease Time?<%s>:", lease_label(current), static_cast<std::uint32_t>(current),
-                       shell::OneOf::first(lease_times.size()), {.judge_kept = true});
+                       shell::OneOf::first(lease_times.size()), shell::judge_kept);
   ask.note(lease_time, lease_times[chosen].seconds);
 }
 
@@ -129,8 +129,8 @@ void show_static_dhcp() {
 
 void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   const config::DhcpSettings& dhcp = shell::segment().dhcp;
-  ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", client.enable, "01", {.empty_is_zero = true});
-  const Ipv4 ip = ask.address("IP?<%u.%u.%u.%u>:", client.ip, {.judge_kept = true});
+  ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", client.enable, "01", shell::empty_is_zero);
+  const Ipv4 ip = ask.address("IP?<%u.%u.%u.%u>:", client.ip, shell::judge_kept);
   // Octet by octet, as everywhere: behind the pool's start, which stays free, and not behind its end.
   const bool in_pool =
       !shell::ip_range_ascending(ip, dhcp.dhcp_start_ip) && shell::ip_range_ascending(ip, dhcp.dhcp_end_ip);

@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 
 #include "config/values.h"
 #include "menus/status/items.h"
@@ -29,57 +30,52 @@ constexpr int fields_of_record = 8;
 std::array<CallRecord, 100> call_records;
 static_assert(call_records.size() < 1000, "the sequence has three digits");
 
-struct Reason {
-  char code[5];
-  char text[55];
-};
-
-constexpr const char* unknown_reason = "unknow reason";
-constexpr Reason reasons[] = {
-    {"1000", "Unknown error"},
-    {"1001", "Can't handle a new call"},
-    {"1002", "Normal release by remote end"},
-    {"1003", "User cancelled the call"},
-    {"1004", "Response accepted"},
-    {"1005", "Forbidden"},
-    {"1006", "User not found/Gone"},
-    {"1007", "Request timeout"},
-    {"1008", "Conflict"},
-    {"1009", "Request Entity Too Large"},
-    {"100a", "Media type unsupported"},
-    {"100b", "Unsupported extension"},
-    {"100c", "User temporarily unavailable"},
-    {"100d", "Call leg does not exist"},
-    {"100e", "Address is abmbiguous/too long/incomplete"},
-    {"100f", "User busy"},
-    {"1010", "Bad event"},
-    {"1011", "Request pending"},
-    {"1012", "Internal Server Error"},
-    {"1013", "Service not Implemented"},
-    {"1014", "Bad Gateway"},
-    {"1015", "Service Unavailable"},
-    {"1016", "Gateway Timeout"},
-    {"1017", "Busy Everywhere"},
-    {"1018", "User declined the call"},
-    {"1019", "Does Not Exist Anywhere"},
-    {"101a", "Not Acceptable"},
-    {"2000", "No more new calls are acceptable on that endpoint"},
-    {"2001", "Poor media quality"},
-    {"2002", "Parsing the remote SDP msg failed"},
-    {"2003", "No codecs matching with remote end"},
-    {"2004", "No more processing power available"},
-    {"2005", "Remote SDP is not received"},
-    {"2006", "Disconnection after blind transfer"},
-    {"2007", "Callee pattern not matched with listed digitmap"},
-};
+// One behind the other, each behind its code and a blank.
+constexpr char reasons[] =
+    "1000 Unknown error\0"
+    "1001 Can't handle a new call\0"
+    "1002 Normal release by remote end\0"
+    "1003 User cancelled the call\0"
+    "1004 Response accepted\0"
+    "1005 Forbidden\0"
+    "1006 User not found/Gone\0"
+    "1007 Request timeout\0"
+    "1008 Conflict\0"
+    "1009 Request Entity Too Large\0"
+    "100a Media type unsupported\0"
+    "100b Unsupported extension\0"
+    "100c User temporarily unavailable\0"
+    "100d Call leg does not exist\0"
+    "100e Address is abmbiguous/too long/incomplete\0"
+    "100f User busy\0"
+    "1010 Bad event\0"
+    "1011 Request pending\0"
+    "1012 Internal Server Error\0"
+    "1013 Service not Implemented\0"
+    "1014 Bad Gateway\0"
+    "1015 Service Unavailable\0"
+    "1016 Gateway Timeout\0"
+    "1017 Busy Everywhere\0"
+    "1018 User declined the call\0"
+    "1019 Does Not Exist Anywhere\0"
+    "101a Not Acceptable\0"
+    "2000 No more new calls are acceptable on that endpoint\0"
+    "2001 Poor media quality\0"
+    "2002 Parsing the remote SDP msg failed\0"
+    "2003 No codecs matching with remote end\0"
+    "2004 No more processing power available\0"
+    "2005 Remote SDP is not received\0"
+    "2006 Disconnection after blind transfer\0"
+    "2007 Callee pattern not matched with listed digitmap\0";
 
 const char* reason_text(const CallRecord& record) {
-  for (const Reason& reason : reasons) {
-    if (record.reason.view() == reason.code) {
-      return reason.text;
+  constexpr std::size_t code_length = 4;
+  for (const char* reason = reasons; *reason != '\0'; reason += std::strlen(reason) + 1) {
+    if (record.reason.view() == std::string_view(reason, code_length)) {
+      return reason + code_length + 1;
     }
   }
-  return unknown_reason;
+  return "unknow reason";
 }
 
 const char* call_type_text(const CallRecord& record) {

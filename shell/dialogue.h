@@ -37,6 +37,9 @@ struct Option {
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
 inline constexpr Option no_option;
+// Those that several prompts share: built once, not at each of them.
+inline constexpr Option judge_kept{.judge_kept = true};
+inline constexpr Option empty_is_zero{.empty_is_zero = true};
 
 struct TextRule {
   // What becomes of an answer that is too long, or that a NUL at its beginning makes an empty text, where no

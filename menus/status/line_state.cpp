@@ -50,7 +50,7 @@ void write_queries(Queries& queries) {
 void show_states(std::span<const char* const> fields) {
   const char* separator = "";
   for (const char* const state : fields) {
-    shell::print("%s%-19.19s", separator, state != nullptr ? state : "");
+    shell::put(separator, shell::Cell{state != nullptr ? state : "", 19});
     separator = "|";
   }
   shell::put("\n");
@@ -61,7 +61,8 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
   shell::put(phone_and_channel);
   const char* const* total = &fields[row * std::size(counters)];
   for (std::size_t i = 0; i < std::size(counters); ++i, ++total) {
-    shell::print("|%9d|%9d", field_number(*total), field_number(total[period_length]));
+    shell::put('|', shell::Number(field_number(*total), 9), '|',
+               shell::Number(field_number(total[period_length]), 9));
   }
   shell::put("\n");
 }

@@ -37,7 +37,7 @@ void ping_host() {
 
 // Returns false.
 bool report_failure(const char* path, const char* reason) {
-  shell::print("%s: %s\n", path, reason);
+  shell::put(path, ": ", reason, '\n');
   return false;
 }
 

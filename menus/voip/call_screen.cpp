@@ -99,9 +99,7 @@ void call_screen_list() {
   int number = 0;
   for (const CallScreenEntry& entry : shell::segment().call_screen[list_number]) {
     if (in_use(entry)) {
-      shell::print("No.%d phone_number=", number);
-      shell::put(entry.screen_number.view());
-      shell::put("\n");
+      shell::put("No.", shell::Number(number), " phone_number=", entry.screen_number.view(), '\n');
     }
     ++number;
   }

@@ -15,9 +15,14 @@ diff - <(cd "$work/packed" && find . -type f -printf '%m %p\n' | sort -k 2) <<'L
 644 ./usr/include/console/config/segment.h
 644 ./usr/include/console/config/values.h
 755 ./usr/sbin/console
-644 ./usr/share/man/man8/console.8
+644 ./usr/share/doc/ntx4830-console-dev/changelog.gz
+644 ./usr/share/doc/ntx4830-console-dev/copyright
+644 ./usr/share/doc/ntx4830-console/changelog.gz
+644 ./usr/share/doc/ntx4830-console/copyright
+644 ./usr/share/man/man8/console.8.gz
 LIST
-mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8"
+mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8.gz"
+lintian --fail-on error,warning "$work"/*.deb
 
 program=$work/packed/usr/sbin/console
 strings "$program" | grep -E '^console [0-9]+\.[0-9]+( \(.+\))?$'
@@ -33,3 +38,14 @@ echo "$text bytes of text, budget $3; $file bytes of file, budget $4"
 echo '#include <config/login_record.h>
 #include <config/segment.h>' |
   g++ -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I "$work/packed/usr/include/console" -x c++ -
+
+# The package in a fresh system: installed, used and removed again.
+[ "$architecture" = "$(dpkg --print-architecture)" ] || exit 0
+# shellcheck disable=SC2016 # $1 is the fresh system
+mmdebstrap --variant=essential --format=null --quiet --customize-hook="touch $work/ready" \
+  --customize-hook="upload $(echo "$work"/ntx4830-console_*.deb) /console.deb" --customize-hook='unshare --ipc chroot "$1" sh -euc "
+    dpkg --install /console.deb
+    printf \"\n\nq\n\" | console | grep \"Basic Network Setting\"
+    dpkg --purge ntx4830-console
+    [ ! -e /usr/sbin/console ]"' "$(. /etc/os-release && echo "$VERSION_CODENAME")" ||
+  { [ ! -e "$work/ready" ] && echo "No fresh system can be made here: the package was not installed in one."; }

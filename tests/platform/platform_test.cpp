@@ -22,7 +22,7 @@ using std::string, testing::ExitedWithCode;
   dup2(open("/dev/null", O_RDWR), STDIN_FILENO);
   std::signal(SIGCHLD, SIG_IGN);  // as whoever starts a console may have left it
   settle_signals();
-  struct sigaction interrupts {};  // without SA_RESTART
+  struct sigaction interrupts = {};  // without SA_RESTART
   interrupts.sa_handler = [](int) {};
   return sigaction(SIGUSR1, &interrupts, nullptr) == 0;
 }();

@@ -38,7 +38,7 @@ void each(const Strings& lines, const string& answer, const string& way_in = "",
 
 TEST(Menus, ObeyEveryLine) {
   const auto at_either_level = [](const string& menu, const string& way_in, const string& screen) {
-    each({"99", "helq", "help ", "Q", "qq", "2 ", " 2", "-1", "002", "2\0"s}, unknown, way_in, screen);
+    each({"99", "helq", "help ", "help\0"s, "Q", "qq", "2 ", " 2", "-1", "002", "2\0"s}, unknown, way_in, screen);
     each({"98"}, "This command is not implement!\n", way_in, screen);
     each({"", "11", "89", "92", "97"}, "", way_in, screen);
     each({"help", "91"}, menu, way_in, screen);

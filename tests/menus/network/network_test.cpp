@@ -238,8 +238,8 @@ TEST(Dhcp, StaticClientIsAddedInTheLowestFreeSlot) {
   desk.set("static_dhcp_table[30].enable", "255").set("static_dhcp_table[31].enable", "255");
   desk.set("dhcp_start_ip", "1.0.0.1").set("dhcp_end_ip", "1.0.0.9");
   hold(dhcp_setting, desk,
-       {Visit({clients, add, {"IP?", "1.0.0.1"}}, illegal_value),
-        Visit({clients, add, {"IP?", "1.0.0.10"}}, illegal_value),
+       {Visit({clients, add, {"IP?", "1.0.0.1"}}, "IP?<0.0.0.0>:" + illegal_value),
+        Visit({clients, add, {"IP?", "1.0.0.10"}}, "IP?<0.0.0.0>:" + illegal_value),
         Visit({clients, add, {"IP?", "1.0.0.9"}, {"MAC?", "00:00:00:00:00:01"}, {"Description?:", ""}}, stops_dhcp,
               "static_dhcp_table[30].enable=0 static_dhcp_table[30].mac=00:00:00:00:00:01 "
               "static_dhcp_table[30].ip=1.0.0.9")});

@@ -201,19 +201,18 @@ TEST(RuleTables, StaticRoutes) {
                                 {.refused_when_kept = {"0.0.0.0", "1.2.3.4"}}),
                        address("Gateway", route.route_gateway, "192.168.0.254")};
   });
-  // A new route to a host, in the lowest free slot, is not asked for its mask; a stored one is.
-  desk.set("static_route_table[3].route_type", "2").set("static_route_table[0].enable", "0");
-  const Answers added = {
-      {" 3:|1     |Host | 10.", "0"}, {"Type?", "1"}, {"Target?", "1.2.3.4"}, {"Gateway?", "1.1.1.1"}};
+  // A new route to a host is not asked for its mask, a stored one is. The last slot is used and listed as well.
   hold(table.item, desk,
-       {Visit(added, "Gateway?<0.0.0.0>:" + table.ending,
-              replaced("Xenable=0 Xroute_type=1 Xroute_target=1.2.3.4 Xroute_netmask=255.255.255.255 "
-                       "Xroute_gateway=1.1.1.1",
-                       "X", "static_route_table[1].")),
-        Visit(to_rule + Answers{{"Type?", "1"}, {"Netmask?<255.254.0.0>", ""}}, table.ending,
+       {Visit(to_rule + Answers{{"Type?", "1"}, {"Netmask?<255.254.0.0>", ""}}, table.ending,
               "static_route_table[3].route_type=1")});
   desk.settings.static_route_table = {};
-  hold(table.item, desk, {Visit({{"Add new rule", "0"}}, "(0:Add New, 1:Modify):" + table_full)});
+  hold(table.item, desk.set("static_route_table[31].enable", "255"),
+       {Visit({{"Add new", "0"}, {"Type?", "1"}, {"Target?", "1.2.3.4"}, {"Gateway?", "1.1.1.1"}}, table.ending,
+              replaced("Xenable=0 Xroute_type=1 Xroute_target=1.2.3.4 Xroute_netmask=255.255.255.255 "
+                       "Xroute_gateway=1.1.1.1",
+                       "X", "static_route_table[31]."))});
+  desk.set("static_route_table[31].enable", "2").set("static_route_table[31].route_type", "2");
+  hold(table.item, desk, {Visit({{"\n31:|2     |Host |", "0"}}, "(0:Add New, 1:Modify):" + table_full)});
 }
 
 TEST(RuleTables, MacFilters) {

@@ -42,13 +42,24 @@ consteval std::string_view last_component(std::string_view path) {
   return path.substr(path.rfind('.') + 1);  // npos + 1 is 0
 }
 
+consteval std::string_view first_component(std::string_view path) {
+  return path.substr(0, path.find('.'));
+}
+
 template <typename T>
 consteval Field checked(std::string_view table, std::string_view path, std::size_t expected,
                         std::size_t actual, std::size_t count, std::size_t stride) {
   if (expected != actual) {
     offset_differs_from_what_other_programs_rely_on();
   }
-  return {last_component(table), last_component(path), expected, KindOf<T>::value, sizeof(T), count, stride};
+  return {first_component(table.empty() ? path : table),
+          last_component(table),
+          last_component(path),
+          expected,
+          KindOf<T>::value,
+          sizeof(T),
+          count,
+          stride};
 }
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a type

@@ -19,6 +19,7 @@ STYLE = """
   .hue5 { fill: var(--hue5); } .grey { fill: var(--grey); } .accent { fill: var(--accent); }
   .cut, .leader { fill: none; stroke: var(--ground); stroke-width: 0.7; } .leader { stroke: var(--line); }
   .way { fill: none; stroke: var(--accent); stroke-width: 1.6; } .wire { fill: none; stroke: var(--line); stroke-width: 1.6; }
+  .typed { fill: var(--accent); font-weight: bold; }
   .number { fill: var(--ground); font-weight: bold; }
 """
 

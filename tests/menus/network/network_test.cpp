@@ -131,9 +131,18 @@ TEST(Wan, Pppoe) {
   }
 }
 
-// PPTP and L2TP ask the same of other fields, `all` up to the questions about dialling.
-void hold_tunnel(int number, const string& kind, const string& prefix, const std::vector<Question>& all) {
-  const Dialogue dialogue = wan(number, all);
+// PPTP and L2TP ask the same of other fields.
+void hold_tunnel(int number, const string& kind, const string& prefix, std::int32_t& mtu_field,
+                 config::TunnelSettings& own) {
+  const Question type(own.type, 1,
+                      kind + " Type?<%d>(0:Dynamic IP,1:Static IP):", NumberKind{{{}, {"2", "x", "-1", "10"}}},
+                      {.only = {"01", "1"}});
+  const Dialogue dialogue = wan(
+      number, std::vector{mtu(mtu_field, 1300, 1400), type} +
+                  static_address(own.static_ip, own.netmask, own.gateway, "Static IP?") +
+                  std::vector{name(own.server, "vpn", kind + " Server IP or domain Name"),
+                              name(own.account, "a", kind + " Account"), name(own.password, "p", kind + " Password")} +
+                  dialling(own.connect_type, own.max_idle_time));
   hold(dialogue);
   Desk desk = desk_of(dialogue);
   desk.set(prefix + "_gateway", "1.2.3.1");
@@ -142,31 +151,12 @@ void hold_tunnel(int number, const string& kind, const string& prefix, const std
   hold(wan_setting, desk.set(prefix + "_type", "2"), {Visit({}, reboots, dynamic)});
 }
 
-Question tunnel_type(std::uint8_t& field, const string& kind) {
-  return Question(field, 1, kind + " Type?<%d>(0:Dynamic IP,1:Static IP):", NumberKind{{{}, {"2", "x", "-1", "10"}}},
-                  {.only = {"01", "1"}});
-}
-
 TEST(Wan, Pptp) {
-  auto& all = fields.wan;
-  hold_tunnel(
-      3, "PPTP", "pptp",
-      std::vector{mtu(all.pptp_mtu, 1300, 1400), tunnel_type(all.pptp_type, "PPTP")} +
-          static_address(all.pptp_static_ip, all.pptp_netmask, all.pptp_gateway, "Static IP?") +
-          std::vector{name(all.pptp_server, "vpn", "PPTP Server IP or domain Name"),
-                      name(all.pptp_account, "a", "PPTP Account"), name(all.pptp_password, "p", "PPTP Password")} +
-          dialling(all.pptp_connect_type, all.pptp_max_idle_time));
+  hold_tunnel(3, "PPTP", "pptp", fields.wan.pptp_mtu, fields.wan.pptp);
 }
 
 TEST(Wan, L2tp) {
-  auto& all = fields.wan;
-  hold_tunnel(
-      4, "L2TP", "l2tp",
-      std::vector{mtu(all.l2tp_mtu, 1300, 1400), tunnel_type(all.l2tp_type, "L2TP")} +
-          static_address(all.l2tp_static_ip, all.l2tp_netmask, all.l2tp_gateway, "Static IP?") +
-          std::vector{name(all.l2tp_server, "vpn", "L2TP Server IP or domain Name"),
-                      name(all.l2tp_account, "a", "L2TP Account"), name(all.l2tp_password, "p", "L2TP Password")} +
-          dialling(all.l2tp_connect_type, all.l2tp_max_idle_time));
+  hold_tunnel(4, "L2TP", "l2tp", fields.wan.l2tp_mtu, fields.wan.l2tp);
 }
 
 TEST(Wan, BigPond) {

@@ -61,32 +61,37 @@ string list(const Strings& texts) {
   return "[" + all + "]";
 }
 
+void append_member(string& all, const config::Field& field, std::size_t i,
+                   const ConfigurationSegment& segment) {
+  all += (all.empty() ? "" : ",") + quoted(config::field_name(field, i)) + ":" +
+         quoted(config::field_value(field, i, segment));
+}
+
 string changes(const ConfigurationSegment& before, const ConfigurationSegment& after) {
   string all;
   for (const config::Field& field : config::field_table()) {
     for (std::size_t i = 0; i < field.count; ++i) {
       if (!std::ranges::equal(config::field_bytes(field, i, before), config::field_bytes(field, i, after))) {
-        const string name = config::field_name(field, i), value = config::field_value(field, i, after);
-        all += (all.empty() ? "" : ",") + quoted(name) + ":" + quoted(value);
+        append_member(all, field, i, after);
       }
     }
   }
   return "{" + all + "}";
 }
 
-// The fields that answers were written to, in that order.
+// The fields that answers were written to, in that order, with what they have.
 string written(const tests::Device& device) {
-  Strings names;
+  string all;
   for (const void* const address : device.written) {
     for (const config::Field& field : config::field_table()) {
       for (std::size_t i = 0; i < field.count; ++i) {
         if (config::field_bytes(field, i, device.settings).data() == address) {
-          names.push_back(config::field_name(field, i));
+          append_member(all, field, i, device.settings);
         }
       }
     }
   }
-  return list(names);
+  return "{" + all + "}";
 }
 
 // One visit, over these settings. "way" is what stands before login and menu lines, "shown" what stands

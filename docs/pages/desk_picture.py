@@ -28,10 +28,30 @@ picture.path([(414, 117), (500, 117)])
 picture.box(24, 226, 390, 320, "dashed", 8)
 picture.text(38, 248, "the street", "bold")
 picture.text(122, 248, "a network namespace, outside the device", "small soft")
-picture.named_box(40, 270, 256, 82, stands_in(SUPERVISOR, "supervisor"), [
-    "boots the device, and again when it ends;", "takes it down when it can have", f"{stands_in(SUPERVISOR, 'sessions.lock')} alone: the last one has left"])
-picture.named_box(40, 440, 216, 62, "desk/street PROGRAM", ["runs here, as a provider's server", "or a machine in the home"])
-picture.named_box(280, 398, 124, 62, "wan0", [stands_in(SUPERVISOR, address) for address in ("203.0.113.1/24", "203.0.113.2/24")], "plain")
+picture.named_box(
+    40,
+    270,
+    256,
+    82,
+    stands_in(SUPERVISOR, "supervisor"),
+    [
+        "boots the device, and again when it ends;",
+        "takes it down when it can have",
+        f"{stands_in(SUPERVISOR, 'sessions.lock')} alone: the last one has left",
+    ],
+)
+picture.named_box(
+    40, 440, 216, 62, "desk/street PROGRAM", ["runs here, as a provider's server", "or a machine in the home"]
+)
+picture.named_box(
+    280,
+    398,
+    124,
+    62,
+    "wan0",
+    [stands_in(SUPERVISOR, address) for address in ("203.0.113.1/24", "203.0.113.2/24")],
+    "plain",
+)
 picture.named_box(280, 474, 124, 46, "lan0", ["in the home"], "plain")
 stands_in(SUPERVISOR, "name eth0", "name eth1", "add wan0", "add lan0")
 
@@ -43,13 +63,17 @@ picture.text(566, 72, "mount, IPC, network, process and host name namespaces", "
 picture.named_box(510, 92, 110, 50, "console", ["one per session"])
 picture.box(504, 86, 110, 50, "plain")
 picture.named_box(500, 92, 110, 50, "console", ["one per session"])
-picture.named_box(790, 88, 170, 62, "/etc/init.d/NAME.sh", ["wan.sh, reset_lan.sh, …", "set addresses, routes, rules"])
+scripts = ["wan.sh, reset_lan.sh, …", "set addresses, routes, rules"]
+picture.named_box(790, 88, 170, 62, "/etc/init.d/NAME.sh", scripts)
 picture.path([(620, 108), (790, 108)])
 picture.text(650, 103, "runs, after the save", "small soft")
 
 picture.box(500, 196, 260, 66, "plain")
-for x, key, words in ((500, key_of("config/segment.h", "key"), "settings"), (600, key_of("config/login_record.h", "key"), "login"),
-                      (680, key_of("config/voice_change.h", "voice_change_key"), "voice flag")):
+for x, key, words in (
+    (500, key_of("config/segment.h", "key"), "settings"),
+    (600, key_of("config/login_record.h", "key"), "login"),
+    (680, key_of("config/voice_change.h", "voice_change_key"), "voice flag"),
+):
     picture.text(x + 12, 218, key, "code")
     picture.text(x + 12, 234, words, "small")
 picture.text(512, 253, "shared memory", "small soft")
@@ -74,7 +98,9 @@ picture.text(626, 534, "both stay when the desk goes down", "small soft")
 # The wires.
 wan = taken_from("desk/rootfs/etc/init.d/wan.sh", r"ifconfig eth0 (203[\d.]+) ")
 picture.named_box(484, 398, 120, 62, "eth0: WAN", [wan, taken_from(SUPERVISOR, r"name eth0 address (\S+)")], "plain")
-picture.named_box(484, 474, 120, 62, "eth1: LAN", ["the stored address", taken_from(SUPERVISOR, r"name eth1 address (\S+)")], "plain")
+picture.named_box(
+    484, 474, 120, 62, "eth1: LAN", ["the stored address", taken_from(SUPERVISOR, r"name eth1 address (\S+)")], "plain"
+)
 picture.path([(404, 429), (484, 429)], "wire", end="")
 picture.path([(404, 497), (484, 497)], "wire", end="")
 picture.text(444, 421, "veth", "tiny soft", "middle")
@@ -82,5 +108,11 @@ picture.text(444, 489, "veth", "tiny soft", "middle")
 picture.path([(296, 337), (484, 337)])
 picture.text(316, 330, stands_in("desk/supervisor", "first_process.sh"), "small soft")
 
-picture.text(24, 574, "Whoever is not root has all of it in a user namespace. Root without namespaces has a plain chroot: no street, no wires.", "small soft")
+picture.text(
+    24,
+    574,
+    "Whoever is not root has all of it in a user namespace. Root without namespaces has a plain chroot: no street, "
+    "no wires.",
+    "small soft",
+)
 sys.stdout.write(picture.svg())

@@ -20,7 +20,11 @@ questions = [shown.split("\n")[-1] for shown in seen["shown"][:-1]]
 fields = seen["written"]  # as the questions come; the last one is noted without one
 save, *apply = re.findall(r"\{([^{}]*)\}", seen["shown"][-1])
 message = re.sub(r"\{[^{}]*\}", "", seen["shown"][-1]).strip()
-if len(fields) != len(questions) + 1 or not save.endswith("web_server dumpshare") or not apply[-1].startswith("voice change"):
+if (
+    len(fields) != len(questions) + 1
+    or not save.endswith("web_server dumpshare")
+    or not apply[-1].startswith("voice change")
+):
     sys.exit(f"This visit goes otherwise than the picture shows it: correct {sys.argv[0]}.")
 
 commit = TOP + ROW * len(fields) + 8
@@ -33,8 +37,12 @@ def step(x, y, number, words):
     picture.text(x + 24, y, words, "small soft")
 
 
-for x, name, words in ((ASKS, "The administrator", "sees and types"), (NOTES, "The journal", "in the console"),
-                       (RECORD, "The segment", "shared"), (OTHERS, "Other programs", "")):
+for x, name, words in (
+    (ASKS, "The administrator", "sees and types"),
+    (NOTES, "The journal", "in the console"),
+    (RECORD, "The segment", "shared"),
+    (OTHERS, "Other programs", ""),
+):
     picture.text(x, 34, name, "bold")
     picture.text(x, 51, words, "small soft")
 picture.box(NOTES - 10, 62, 226, commit - 88, "dashed", 8)
@@ -60,7 +68,12 @@ for index, (field, value) in enumerate(fields.items()):
         picture.path([(ASKS + 320, y - 5), (NOTES, y - 5)])
 step(ASKS, TOP + 21, 1, "asked with the stored value, judged after Enter")
 step(NOTES, TOP + 29, 2, "noted, a kept value as well")
-picture.lines(ASKS, commit - 12, ["When a refused answer ends it, or the connection is lost,", "the journal is dropped: nothing was written."], "small soft")
+picture.lines(
+    ASKS,
+    commit - 12,
+    ["When a refused answer ends it, or the connection is lost,", "the journal is dropped: nothing was written."],
+    "small soft",
+)
 picture.path([(NOTES + 103, commit - 26), (NOTES + 103, commit + 8), (RECORD - 10, commit + 8)])
 step(NOTES + 112, commit, 3, stands_in("shell/dialogue.h", "commit()"))
 picture.lines(RECORD, commit, ["field by field, in", "the journal's order"], "small")

@@ -32,7 +32,11 @@ def panels(page):
     bytes_of = [row for row in small if re.fullmatch(r"[\d,]+ bytes", row[1])]
     return [
         ("Bytes", "goal", [(row[0], row[2], row[1].removesuffix(" bytes")) for row in bytes_of]),
-        ("Memory in KiB", "an empty program", [(row[0], *found.groups()) for row in small if (found := memory.search(row[2]))]),
+        (
+            "Memory in KiB",
+            "an empty program",
+            [(row[0], *found.groups()) for row in small if (found := memory.search(row[2]))],
+        ),
         ("Processor time in microseconds", "floor", [(row[0], row[2], row[3]) for row in fast if row[3]]),
         ("Calls", "goal", [(row[0], row[2], row[1]) for row in fast if not row[3]]),
     ]

@@ -19,14 +19,26 @@ SHELL = {
     "apply": (4, 0), "command_output": (4, 1),
 }  # fmt: skip
 WAY = [
-    (stands_in("shell/line.h", "read_line()"), ["hands out the next line of what was typed.", "Here ends the console when the connection does."]),
+    (
+        stands_in("shell/line.h", "read_line()"),
+        ["hands out the next line of what was typed.", "Here ends the console when the connection does."],
+    ),
     (stands_in("shell/session.h", "refresh_login()"), ["starts the idle time anew, or ends the console."]),
     (stands_in("shell/menu.h", "run_menus"), ["finds the item that the line chooses."]),
     ("the item's handler", ["is a list of statements, one per question."]),
-    (stands_in("shell/dialogue.h", "class Dialogue").split()[1], ["shows the question with the stored value;", "the answer comes as 1 does."]),
+    (
+        stands_in("shell/dialogue.h", "class Dialogue").split()[1],
+        ["shows the question with the stored value;", "the answer comes as 1 does."],
+    ),
     (stands_in("shell/answer.h", "judge_line"), ["makes a value of it, or it is refused."]),
-    (stands_in("shell/journal.h", "class Journal").split()[1], ["keeps it until all questions are answered;", "commit() writes field by field."]),
-    (stands_in("shell/apply.h", "save_settings()"), ["has the web server store the record, then", "scripts or the voice daemon apply it."]),
+    (
+        stands_in("shell/journal.h", "class Journal").split()[1],
+        ["keeps it until all questions are answered;", "commit() writes field by field."],
+    ),
+    (
+        stands_in("shell/apply.h", "save_settings()"),
+        ["has the web server store the record, then", "scripts or the voice daemon apply it."],
+    ),
 ]
 
 
@@ -70,8 +82,19 @@ def main():
         stands_in(f"config/{name}.h", "#pragma once")
         named(picture, column, CONFIG + 10, name)
     layer(picture, PLATFORM, 56, "platform/", ["the seam"])
-    picture.text(GRID + 4 * COLUMN + BOX, PLATFORM + 40, "what the console asks of the system; tests link a fake", "small soft", "end")
-    picture.text(LEFT + 12, 577, "A file uses its own layer and the ones below it; an include that points upwards does not compile.", "small soft")
+    picture.text(
+        GRID + 4 * COLUMN + BOX,
+        PLATFORM + 40,
+        "what the console asks of the system; tests link a fake",
+        "small soft",
+        "end",
+    )
+    picture.text(
+        LEFT + 12,
+        577,
+        "A file uses its own layer and the ones below it; an include that points upwards does not compile.",
+        "small soft",
+    )
     for name, (column, row) in SHELL.items():
         named(picture, column, TOP + row * STEP, name)
 
@@ -107,8 +130,16 @@ def main():
     picture.path([(x_of(4) + BOX, ask), (side, ask), (side, PLATFORM)])
 
     gutter = 208  # between the layers menus/ and shell/
-    places = [(x("line"), 452), (x("line") + 18, top("session") - 13), (x("line"), gutter), (GRID + 15, HANDLER + 20),
-              (x("dialogue"), gutter), (x_of(2) - 6, ask - 14), (x("journal"), 352), (x("apply"), gutter)]
+    places = [
+        (x("line"), 452),
+        (x("line") + 18, top("session") - 13),
+        (x("line"), gutter),
+        (GRID + 15, HANDLER + 20),
+        (x("dialogue"), gutter),
+        (x_of(2) - 6, ask - 14),
+        (x("journal"), 352),
+        (x("apply"), gutter),
+    ]
     y = 40
     for number, (place, (name, words)) in enumerate(zip(places, WAY), 1):
         picture.number(*place, number)

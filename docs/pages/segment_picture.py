@@ -88,7 +88,7 @@ def main():
     blocks = [Block(name, list(rows)) for name, rows in groupby(fields, key=lambda field: field[0])]
     total = blocks[-1].end
     named = [block for block in blocks if block.runs[False]]
-    picture = Picture(1010, place(total)[1] + ROW + 14, f"The configuration segment to scale, {total} bytes")
+    picture = Picture(1030, place(total)[1] + ROW + 14, f"The configuration segment to scale, {total} bytes")
     picture.text(LEFT, 28, f"One row is {PER_ROW} bytes; records begin at the cuts.", "small soft")
     picture.box(LEFT + 300, 19, 12, 11, "grey", 1)
     picture.text(LEFT + 317, 28, "reserved", "small soft")

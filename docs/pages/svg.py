@@ -14,11 +14,13 @@ STYLE = """
   .code { font-family: "DejaVu Sans Mono", Consolas, Menlo, monospace; font-size: 12px; }
   .tiny { font-size: 10px; }
   .ground { fill: var(--ground); stroke: var(--grey); } .box { fill: var(--fill); stroke: var(--line); }
-  .plain { fill: var(--ground); stroke: var(--line); } .dashed { fill: none; stroke: var(--line); stroke-dasharray: 5 4; }
+  .plain { fill: var(--ground); stroke: var(--line); }
+  .dashed { fill: none; stroke: var(--line); stroke-dasharray: 5 4; }
   .hue1 { fill: var(--hue1); } .hue2 { fill: var(--hue2); } .hue3 { fill: var(--hue3); } .hue4 { fill: var(--hue4); }
   .hue5 { fill: var(--hue5); } .grey { fill: var(--grey); } .accent { fill: var(--accent); }
   .cut, .leader { fill: none; stroke: var(--ground); stroke-width: 0.7; } .leader { stroke: var(--line); }
-  .way { fill: none; stroke: var(--accent); stroke-width: 1.6; } .wire { fill: none; stroke: var(--line); stroke-width: 1.6; }
+  .way { fill: none; stroke: var(--accent); stroke-width: 1.6; }
+  .wire { fill: none; stroke: var(--line); stroke-width: 1.6; }
   .typed { fill: var(--accent); font-weight: bold; }
   .number { fill: var(--ground); font-weight: bold; }
 """
@@ -33,12 +35,16 @@ class Picture:
         self.box(0.5, 0.5, width - 1, height - 1, "ground", 6)
 
     def box(self, x, y, width, height, style="box", corner=4):
-        self.parts.append(f'<rect x="{x:g}" y="{y:g}" width="{width:g}" height="{height:g}" rx="{corner}" class="{style}"/>')
+        self.parts.append(
+            f'<rect x="{x:g}" y="{y:g}" width="{width:g}" height="{height:g}" rx="{corner}" class="{style}"/>'
+        )
 
     def text(self, x, y, words, style="", anchor="start", length=None):
         """Its baseline is at y. With a length it is as wide on machines with other letters."""
         fixed = f' textLength="{length:g}" lengthAdjust="spacingAndGlyphs"' if length else ""
-        self.parts.append(f'<text x="{x:g}" y="{y:g}" class="{style}" text-anchor="{anchor}"{fixed}>{escape(words)}</text>')
+        self.parts.append(
+            f'<text x="{x:g}" y="{y:g}" class="{style}" text-anchor="{anchor}"{fixed}>{escape(words)}</text>'
+        )
 
     def lines(self, x, y, texts, style="", step=16, anchor="start"):
         for row, words in enumerate(texts):
@@ -51,7 +57,9 @@ class Picture:
 
     def path(self, points, style="way", start="", end="arrow"):
         drawn = " L ".join(f"{x:g} {y:g}" for x, y in points)
-        marks = "".join(f' marker-{place}="url(#{mark}-{style})"' for place, mark in (("start", start), ("end", end)) if mark)
+        marks = "".join(
+            f' marker-{place}="url(#{mark}-{style})"' for place, mark in (("start", start), ("end", end)) if mark
+        )
         self.parts.append(f'<path d="M {drawn}" class="{style}"{marks}/>')
 
     def number(self, x, y, number):
@@ -61,16 +69,19 @@ class Picture:
     def svg(self):
         arrows = "".join(
             f'<marker id="arrow-{style}" viewBox="0 0 10 10" refX="9" refY="5" markerWidth="9" markerHeight="9" '
-            f'markerUnits="userSpaceOnUse" orient="auto-start-reverse"><path d="M0 0L10 5L0 10z" style="fill: var({color})"/></marker>'
+            f'markerUnits="userSpaceOnUse" orient="auto-start-reverse">'
+            f'<path d="M0 0L10 5L0 10z" style="fill: var({color})"/></marker>'
             for style, color in (("way", "--accent"), ("wire", "--line"))
         )
-        return "\n".join([
-            f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {self.width} {self.height}" width="{self.width}" '
-            f'height="{self.height}" role="img" aria-label="{escape(self.title)}">',
-            f"<title>{escape(self.title)}</title>",
-            f"<style>{STYLE}</style>",
-            f"<defs>{arrows}</defs>",
-            *self.parts,
-            "</svg>",
-            "",
-        ])
+        return "\n".join(
+            [
+                f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {self.width} {self.height}" '
+                f'width="{self.width}" height="{self.height}" role="img" aria-label="{escape(self.title)}">',
+                f"<title>{escape(self.title)}</title>",
+                f"<style>{STYLE}</style>",
+                f"<defs>{arrows}</defs>",
+                *self.parts,
+                "</svg>",
+                "",
+            ]
+        )

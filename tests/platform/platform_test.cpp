@@ -22,7 +22,7 @@ using std::string, testing::ExitedWithCode;
   dup2(open("/dev/null", O_RDWR), STDIN_FILENO);
   std::signal(SIGCHLD, SIG_IGN);  // as whoever starts a console may have left it
   settle_signals();
-  struct sigaction interrupts {};  // without SA_RESTART
+  struct sigaction interrupts = {};  // without SA_RESTART
   interrupts.sa_handler = [](int) {};
   return sigaction(SIGUSR1, &interrupts, nullptr) == 0;
 }();
@@ -43,9 +43,9 @@ string output_of(CommandStream command) {
   return output;
 }
 
-int status_of(const string& script, bool new_session = false, const char* shell = "/bin/sh") {
+int status_of(const string& script, Terminal terminal = Terminal::kept, const char* shell = "/bin/sh") {
   const char* const arguments[] = {shell, "-c", script.c_str(), nullptr};
-  return run_program(shell, arguments, new_session);
+  return run_program(shell, arguments, terminal);
 }
 
 TEST(Platform, InputAndOutputWaitAndLoseNothing) {
@@ -98,12 +98,12 @@ TEST(Platform, ProgramsRunToTheirEnd) {
   const Interruptions meanwhile;
   EXPECT_EQ(status_of("exit 7"), 7);
   EXPECT_EQ(status_of("kill -KILL $$"), 128 + SIGKILL);
-  EXPECT_EQ(status_of("exit 0", false, "/does/not/exist"), 255);
+  EXPECT_EQ(status_of("exit 0", Terminal::kept, "/does/not/exist"), 255);
   EXPECT_EQ(output_of(open_command("yes | head -c 1000000")).size(), 1'000'000U);
   EXPECT_EQ(output_of(open_command("printf 'one\\ntwo'; kill -KILL $$")), "one\ntwo");
   const string leads_a_session = "read -r _ _ _ _ _ session _ </proc/$$/stat; [ $session = $$ ]";
-  EXPECT_EQ(status_of(leads_a_session, true), 0);
-  EXPECT_EQ(status_of(leads_a_session, false), 1);
+  EXPECT_EQ(status_of(leads_a_session, Terminal::left), 0);
+  EXPECT_EQ(status_of(leads_a_session, Terminal::kept), 1);
   for (const int not_inherited : {0, 1, 2, open_for_reading("/"), open_for_writing("/dev/null"), open_udp_socket(),
                                   meanwhile.command.descriptor}) {
     EXPECT_EQ(status_of("[ -e /proc/$$/fd/" + std::to_string(not_inherited) + " ]"), 1) << not_inherited;

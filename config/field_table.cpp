@@ -40,13 +40,24 @@ consteval std::string_view last_component(std::string_view path) {
   return path.substr(path.rfind('.') + 1);  // npos + 1 is 0
 }
 
+consteval std::string_view first_component(std::string_view path) {
+  return path.substr(0, path.find('.'));
+}
+
 template <typename T>
 consteval Field checked(std::string_view table, std::string_view path, std::size_t expected,
                         std::size_t actual, std::size_t count, std::size_t stride) {
   if (expected != actual) {
     offset_differs_from_what_other_programs_rely_on();
   }
-  return {last_component(table), last_component(path), expected, KindOf<T>::value, sizeof(T), count, stride};
+  return {first_component(table.empty() ? path : table),
+          last_component(table),
+          last_component(path),
+          expected,
+          KindOf<T>::value,
+          sizeof(T),
+          count,
+          stride};
 }
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a type
@@ -119,8 +130,8 @@ constexpr Field table[] = {
     ONE(569, wan.reserved_569),
     ONE(572, wan.pppoe_static_ip),
     ONE(576, wan.pppoe_service_name),
-    TUNNEL(704, wan.pptp, "reserved_961", "reserved_1097"),
-    TUNNEL(1112, wan.l2tp, "reserved_1369", "reserved_1505"),
+    TUNNEL(704, wan.pptp, "wan.reserved_961", "wan.reserved_1097"),
+    TUNNEL(1112, wan.l2tp, "wan.reserved_1369", "wan.reserved_1505"),
     ONE(1520, wan.bigpond_account),
     ONE(1584, wan.bigpond_password),
     ONE(1648, wan.bigpond_auth_server),

@@ -1,3 +1,5 @@
+#include <arpa/inet.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <csetjmp>
@@ -252,6 +254,10 @@ int open_udp_socket() {
 
 int bind_udp_to_any(int /*socket*/) {
   return result("udp bind", EADDRINUSE);
+}
+
+bool parse_address(const char* text, std::uint32_t& address) {
+  return inet_pton(AF_INET, text, &address) == 1;
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {

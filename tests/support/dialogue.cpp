@@ -209,47 +209,42 @@ class Holding {
     }
   }
 
-  // Gives these answers, and a refused one to the question behind them if there is one. After the first visit
-  // that is not as expected, no other is made.
+  // Gives these answers, and a refused one to the question behind them if there is one. No more in a test that
+  // has failed.
   void visit(const Desk& desk, const Given& given, const string& refused = "") {
-    if (failed_) {
+    if (testing::Test::HasFailure()) {
       return;
     }
     Desk expected = desk, visited = desk;
     typed_ = dialogue_.way_in;
     shown_ = replaced(dialogue_.opening, listed, list_);
-    std::vector<std::size_t> begins;  // where in what is shown
-    for (const Question& question : dialogue_.questions) {
-      const string asked = ask(question, expected);
-      begins.push_back(shown_.size());
-      shown_ += asked;
-      if (begins.size() > given.size()) {
-        expected = desk;  // nothing is to change
-        refuse(question, refused, asked);
-        break;
-      }
-      answer(question, given[begins.size() - 1], expected);
+    for (std::size_t row = 0; row < given.size(); ++row) {
+      shown_ += ask(dialogue_.questions[row], expected);
+      answer(dialogue_.questions[row], given[row], expected);
     }
-    if (begins.size() == given.size()) {
+    const bool refuses = given.size() < dialogue_.questions.size();
+    const std::size_t refusal = shown_.size();
+    if (refuses) {
+      refuse(dialogue_.questions[given.size()], refused, expected);
+      expected = desk;  // nothing is to change
+    } else {
       dialogue_.completed(expected.settings);
       shown_ += replaced(dialogue_.ending, listed, list_);
     }
     shown_ += replaced(dialogue_.shown_on_the_way_out, listed, list_);
     typed_ += dialogue_.way_out;
 
-    const Place& last = dialogue_.questions[begins.size() - 1].place;
+    const Place& last = dialogue_.questions[given.size() - (refuses ? 0 : 1)].place;
     const testing::ScopedTrace trace(last.file_name(), static_cast<int>(last.line()),
                                      dialogue_.item.label + ", typed:\n" + typed_);
     string seen = visit_typing(visited, dialogue_.item, typed_);
-    if (begins.size() > given.size() && refused.empty()) {
+    if (refuses && refused.empty()) {
       // What may not be kept is shown before the question too, in one way or another: only what follows counts.
-      const std::size_t behind = std::min(seen.size(), shown_.size() - begins.back());
-      seen = shown_.substr(0, begins.back()) + seen.substr(seen.size() - behind);
+      const std::size_t behind = std::min(seen.size(), shown_.size() - refusal);
+      seen = shown_.substr(0, refusal) + seen.substr(seen.size() - behind);
     }
-    const string stored_wrongly = differences(expected.settings, visited.settings);
     EXPECT_EQ(seen, shown_);
-    EXPECT_EQ(stored_wrongly, "");
-    failed_ = seen != shown_ || !stored_wrongly.empty();
+    EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
   }
 
   // What the question shows, of a new record zeros. A text that it shows is cut at its line feed, unless it is
@@ -284,16 +279,16 @@ class Holding {
     shown_ += asks_again() && departs.shown_behind.empty() ? "\n" : "";
   }
 
-  void refuse(const Question& question, const string& typed, const string& asked) {
+  void refuse(const Question& question, const string& typed, Desk& expected) {
     const bool is_choice = question.kind.is_choice && dialogue_.refusals == Refusals::by_kind;
     const string message = is_choice ? wrong_choice : illegal_value, own = question.departs.refusal;
+    const string asked = ask(question, expected);
     typed_ += typed + (asks_again() ? "\nq\n" : "\n");
-    shown_ += (own.empty() ? message : own) + (asks_again() ? asked + "q:Exit\n" : "");
+    shown_ += asked + (own.empty() ? message : own) + (asks_again() ? asked + "q:Exit\n" : "");
   }
 
   Dialogue dialogue_;
   string list_, typed_ = {}, shown_ = {};
-  bool failed_ = false;
 };
 
 }  // namespace

@@ -14,9 +14,6 @@ namespace {
 
 using std::string;
 
-// A question nobody answers rightly would be asked for ever.
-constexpr std::size_t most_questions = 300;
-
 // What leads to the item, and the screen of its submenu with the prompt below.
 struct Way {
   string typed, submenu;
@@ -91,7 +88,8 @@ string visit(Device& device, const Item& item, const Answers& answers) {
   device.on_wait = [&, others = device.on_wait](std::size_t wait) {
     others(wait);
     const string asked = device.transcript.substr(wait == 0 ? 0 : device.waits[wait - 1]);
-    if (wait >= waits_on_the_way && wait <= most_questions && !asked.ends_with(submenu)) {
+    // A question nobody answers rightly would be asked for ever.
+    if (wait >= waits_on_the_way && wait <= 300 && !asked.ends_with(submenu)) {
       const bool named = next != answers.end() && asked.find(next->question) != string::npos;
       device.input.push_back((named ? next++->typed : "") + "\n");
     }

@@ -243,7 +243,8 @@ class Holding {
       const std::size_t behind = std::min(seen.size(), shown_.size() - refusal);
       seen = shown_.substr(0, refusal) + seen.substr(seen.size() - behind);
     }
-    EXPECT_EQ(seen, shown_);
+    const auto same = static_cast<std::size_t>(std::ranges::mismatch(seen, shown_).in1 - seen.begin());
+    EXPECT_EQ(seen.substr(same), shown_.substr(same)) << "behind:\n" << seen.substr(0, same);
     EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
   }
 

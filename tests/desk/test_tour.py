@@ -164,8 +164,9 @@ def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(des
     desk.console()
     if desk.run("-R", "true", program="setarch").returncode:
         pytest.skip("Memory is measured where a program may be told where it lies (setarch -R).")
-    subprocess.run(["cc", "-Os", "-s", "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING, text=True,
-                   check=True)
+    hardened = ["-fPIE", "-pie", "-fstack-protector-strong", "-Wl,-z,relro,-z,now"]  # as the console is
+    subprocess.run(["cc", "-Os", "-s", *hardened, "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING,
+                   text=True, check=True)
     peak, own = memory(desk, "/usr/sbin/waits")
     assert memory(desk, "/usr/sbin/console")[0] <= 1.15 * peak
     assert memory(desk, "/usr/sbin/console", walks=True)[1] <= own + 48

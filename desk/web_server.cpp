@@ -46,7 +46,7 @@ bool hold_login(std::uint32_t address, std::uint32_t seconds) {
 bool dump_share() {
   const auto* const segment =
       desk::attach_record<config::ConfigurationSegment>(config::ConfigurationSegment::key);
-  return segment != nullptr && desk::store_settings(desk::flash_partition, *segment);
+  return segment != nullptr && desk::store_settings(desk::flash_partition, desk::factory_defaults, *segment);
 }
 
 }  // namespace

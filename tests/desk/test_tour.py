@@ -74,7 +74,7 @@ def walk(child):
 
 
 def tour(desk):
-    """What a walk shows, without what is of the moment, how it ends, and what it leaves in the flash partition."""
+    """What a walk shows, without what is of the moment, how it ends, and what it leaves stored."""
     desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
     child = desk.log_in()
     # The snapshot of the log is made only when there is none.
@@ -87,7 +87,7 @@ def tour(desk):
     child.choose("Exit")
     child.expect(pexpect.EOF)
     shown = MOMENT.sub(r"\1\2", child.logfile_read.getvalue().replace("\r\n", "\n"))
-    return f"{shown}Exit status {child.wait()}\n{desk.partition.read_text('latin-1')}"
+    return f"{shown}Exit status {child.wait()}\n{desk.run('--show').stdout}"
 
 
 def test_all_menus_come_and_go_with_defaults_that_their_prompts_accept_and_scripts_that_get_what_was_typed(desk):

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <cstring>
 #include <iterator>
 #include <type_traits>
 #include <utility>
@@ -55,10 +53,23 @@ consteval Field checked(std::string_view table, std::string_view path, std::size
 #define MEMBER_TYPE(record, path) std::remove_cvref_t<decltype(std::declval<record&>().path)>
 
 // A single field or reserved range, with the offset that is promised.
-#define ONE(expected, path)                                                                 \
-  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, #path, expected,                     \
-                                                   offsetof(ConfigurationSegment, path), 1, \
-                                                   sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
+#define NAMED(expected, path, name)                                                                          \
+  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, name, expected, offsetof(ConfigurationSegment, path), \
+                                                   1, sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
+#define ONE(expected, path) NAMED(expected, path, #path)
+
+#define TUNNEL(expected, path, prefix, first_reserved, second_reserved)     \
+  NAMED(expected, path.account, prefix "_account"),                         \
+      NAMED((expected) + 128, path.password, prefix "_password"),           \
+      NAMED((expected) + 256, path.connect_type, prefix "_connect_type"),   \
+      NAMED((expected) + 257, path.reserved_257, first_reserved),           \
+      NAMED((expected) + 260, path.max_idle_time, prefix "_max_idle_time"), \
+      NAMED((expected) + 264, path.server, prefix "_server"),               \
+      NAMED((expected) + 392, path.type, prefix "_type"),                   \
+      NAMED((expected) + 393, path.reserved_393, second_reserved),          \
+      NAMED((expected) + 396, path.static_ip, prefix "_static_ip"),         \
+      NAMED((expected) + 400, path.netmask, prefix "_netmask"),             \
+      NAMED((expected) + 404, path.gateway, prefix "_gateway")
 
 // One column of a table of records: the table's promised offset and the column's within the record.
 #define COLUMN(expected, path, record, relative, member)                                                 \
@@ -101,28 +112,8 @@ constexpr Field table[] = {
     ONE(569, wan.reserved_569),
     ONE(572, wan.pppoe_static_ip),
     ONE(576, wan.pppoe_service_name),
-    ONE(704, wan.pptp_account),
-    ONE(832, wan.pptp_password),
-    ONE(960, wan.pptp_connect_type),
-    ONE(961, wan.reserved_961),
-    ONE(964, wan.pptp_max_idle_time),
-    ONE(968, wan.pptp_server),
-    ONE(1096, wan.pptp_type),
-    ONE(1097, wan.reserved_1097),
-    ONE(1100, wan.pptp_static_ip),
-    ONE(1104, wan.pptp_netmask),
-    ONE(1108, wan.pptp_gateway),
-    ONE(1112, wan.l2tp_account),
-    ONE(1240, wan.l2tp_password),
-    ONE(1368, wan.l2tp_connect_type),
-    ONE(1369, wan.reserved_1369),
-    ONE(1372, wan.l2tp_max_idle_time),
-    ONE(1376, wan.l2tp_server),
-    ONE(1504, wan.l2tp_type),
-    ONE(1505, wan.reserved_1505),
-    ONE(1508, wan.l2tp_static_ip),
-    ONE(1512, wan.l2tp_netmask),
-    ONE(1516, wan.l2tp_gateway),
+    TUNNEL(704, wan.pptp, "pptp", "reserved_961", "reserved_1097"),
+    TUNNEL(1112, wan.l2tp, "l2tp", "reserved_1369", "reserved_1505"),
     ONE(1520, wan.bigpond_account),
     ONE(1584, wan.bigpond_password),
     ONE(1648, wan.bigpond_auth_server),
@@ -374,87 +365,13 @@ constexpr Field table[] = {
 #undef STRING_FILTER
 #undef SCHEDULE
 #undef COLUMN
+#undef TUNNEL
 #undef ONE
+#undef NAMED
 #undef MEMBER_TYPE
 
 std::size_t element_offset(const Field& field, std::size_t index) {
   return field.offset + index * field.stride;
-}
-
-template <typename Number>
-std::string decimal(std::span<const std::uint8_t> bytes) {
-  Number number;
-  std::memcpy(&number, bytes.data(), sizeof number);
-  return std::to_string(number);
-}
-
-template <typename Number>
-bool set_decimal(std::span<std::uint8_t> bytes, std::string_view value) {
-  Number number{};
-  const auto [end, error] = std::from_chars(value.begin(), value.end(), number);
-  if (error != std::errc{} || end != value.end()) {
-    return false;
-  }
-  std::memcpy(bytes.data(), &number, sizeof number);
-  return true;
-}
-
-// Bytes separated by one character, as in addresses and MACs.
-bool set_bytes(std::span<std::uint8_t> bytes, std::string_view value, char separator, int base) {
-  std::array<std::uint8_t, 6> parsed{};
-  const char* at = value.data();
-  const char* const end = at + value.size();
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (i > 0) {
-      if (at == end || *at != separator) {
-        return false;
-      }
-      ++at;
-    }
-    const auto [after, error] = std::from_chars(at, end, parsed[i], base);
-    if (error != std::errc{}) {
-      return false;
-    }
-    at = after;
-  }
-  if (at != end) {
-    return false;
-  }
-  std::copy_n(parsed.begin(), bytes.size(), bytes.begin());
-  return true;
-}
-
-std::string escaped(std::span<const std::uint8_t> bytes) {
-  std::string out;
-  for (const std::uint8_t byte : bytes) {
-    if (byte >= 0x20 && byte <= 0x7e && byte != '\\') {
-      out += static_cast<char>(byte);
-    } else {
-      char code[5];
-      std::snprintf(code, sizeof code, "\\x%02x", byte);
-      out += code;
-    }
-  }
-  return out;
-}
-
-std::optional<std::string> unescaped(std::string_view value) {
-  std::string out;
-  while (!value.empty()) {
-    if (value[0] != '\\') {
-      out += value[0];
-      value.remove_prefix(1);
-      continue;
-    }
-    unsigned char byte = 0;
-    if (value.size() < 4 || value[1] != 'x' ||
-        std::from_chars(value.data() + 2, value.data() + 4, byte, 16).ptr != value.data() + 4) {
-      return std::nullopt;
-    }
-    out += static_cast<char>(byte);
-    value.remove_prefix(4);
-  }
-  return out;
 }
 
 }  // namespace
@@ -483,66 +400,6 @@ std::span<const std::uint8_t> field_bytes(const Field& field, std::size_t index,
 
 std::span<std::uint8_t> field_bytes(const Field& field, std::size_t index, ConfigurationSegment& segment) {
   return {reinterpret_cast<std::uint8_t*>(&segment) + element_offset(field, index), field.width};
-}
-
-std::string field_value(const Field& field, std::size_t index, const ConfigurationSegment& segment) {
-  const std::span<const std::uint8_t> bytes = field_bytes(field, index, segment);
-  char text[18];
-  switch (field.kind) {
-    case Kind::u8:
-      return std::to_string(bytes[0]);
-    case Kind::u16:
-      return decimal<std::uint16_t>(bytes);
-    case Kind::u32:
-      return decimal<std::uint32_t>(bytes);
-    case Kind::i32:
-      return decimal<std::int32_t>(bytes);
-    case Kind::ipv4:
-      std::snprintf(text, sizeof text, "%u.%u.%u.%u", bytes[0], bytes[1], bytes[2], bytes[3]);
-      return text;
-    case Kind::mac:
-      std::snprintf(text, sizeof text, "%02x:%02x:%02x:%02x:%02x:%02x", bytes[0], bytes[1], bytes[2],
-                    bytes[3], bytes[4], bytes[5]);
-      return text;
-    case Kind::text:
-      return escaped(
-          bytes.first(static_cast<std::size_t>(std::find(bytes.begin(), bytes.end(), 0) - bytes.begin())));
-    case Kind::letters:
-    case Kind::reserved:
-      return escaped(bytes);
-  }
-  return {};
-}
-
-bool set_field_value(const Field& field, std::size_t index, std::string_view value,
-                     ConfigurationSegment& segment) {
-  const std::span<std::uint8_t> bytes = field_bytes(field, index, segment);
-  switch (field.kind) {
-    case Kind::u8:
-      return set_decimal<std::uint8_t>(bytes, value);
-    case Kind::u16:
-      return set_decimal<std::uint16_t>(bytes, value);
-    case Kind::u32:
-      return set_decimal<std::uint32_t>(bytes, value);
-    case Kind::i32:
-      return set_decimal<std::int32_t>(bytes, value);
-    case Kind::ipv4:
-      return set_bytes(bytes, value, '.', 10);
-    case Kind::mac:
-      return set_bytes(bytes, value, ':', 16);
-    case Kind::text:
-    case Kind::letters:
-    case Kind::reserved: {
-      const std::optional<std::string> text = unescaped(value);
-      const bool exact = field.kind != Kind::text;
-      if (!text || text->size() > bytes.size() || (exact && text->size() != bytes.size())) {
-        return false;
-      }
-      std::fill(std::copy(text->begin(), text->end(), bytes.begin()), bytes.end(), std::uint8_t{0});
-      return true;
-    }
-  }
-  return false;
 }
 
 std::optional<FieldElement> find_field(std::string_view name) {

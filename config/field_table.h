@@ -67,7 +67,4 @@ struct FieldElement {
 // The element with that name; reserved ranges have names too. Nothing for an unknown name.
 std::optional<FieldElement> find_field(std::string_view name);
 
-// The field table as a document, docs/segment-map.md.
-std::string segment_map();
-
 }  // namespace config

@@ -20,6 +20,21 @@ using Reserved = std::array<std::uint8_t, N>;
 
 // ---- Basic network settings ----
 
+// A dialled tunnel to the provider. Other programs know its fields as pptp_account, l2tp_account and so on.
+struct TunnelSettings {
+  Text<128> account;
+  Text<128> password;
+  std::uint8_t connect_type;  // 0 keep alive, 2 manual on
+  Reserved<3> reserved_257;
+  std::int32_t max_idle_time;  // 0 to 9999
+  Text<128> server;
+  std::uint8_t type;  // 0 dynamic, 1 static; 0 clears the next three
+  Reserved<3> reserved_393;
+  Ipv4 static_ip;
+  Ipv4 netmask;
+  Ipv4 gateway;
+};
+
 struct WanSettings {
   std::uint8_t wan_mac_type;  // 0 default, 1 manual
   Mac wan_mac;
@@ -42,29 +57,8 @@ struct WanSettings {
   Ipv4 pppoe_static_ip;  // 0 when dynamic
   Text<128> pppoe_service_name;
 
-  Text<128> pptp_account;
-  Text<128> pptp_password;
-  std::uint8_t pptp_connect_type;  // 0 keep alive, 2 manual on
-  Reserved<3> reserved_961;
-  std::int32_t pptp_max_idle_time;  // 0 to 9999
-  Text<128> pptp_server;
-  std::uint8_t pptp_type;  // 0 dynamic, 1 static; 0 clears the next three
-  Reserved<3> reserved_1097;
-  Ipv4 pptp_static_ip;
-  Ipv4 pptp_netmask;
-  Ipv4 pptp_gateway;
-
-  Text<128> l2tp_account;
-  Text<128> l2tp_password;
-  std::uint8_t l2tp_connect_type;  // 0 keep alive, 2 manual on
-  Reserved<3> reserved_1369;
-  std::int32_t l2tp_max_idle_time;  // 0 to 9999
-  Text<128> l2tp_server;
-  std::uint8_t l2tp_type;  // 0 dynamic, 1 static; 0 clears the next three
-  Reserved<3> reserved_1505;
-  Ipv4 l2tp_static_ip;
-  Ipv4 l2tp_netmask;
-  Ipv4 l2tp_gateway;
+  TunnelSettings pptp;
+  TunnelSettings l2tp;
 
   Text<64> bigpond_account;
   Text<64> bigpond_password;

@@ -8,7 +8,7 @@ namespace config {
 constexpr std::int32_t voice_change_key = 1357;
 
 // Sets the flag to 1; the daemon sets it back to 0 when it has taken the settings over. Returns 0, or the
-// errno value with which the flag's segment could not be had.
+// negative errno value with which the flag's segment could not be had.
 int set_voice_change_flag();
 
 }  // namespace config

@@ -10,9 +10,6 @@
 
 namespace desk {
 
-constexpr const char* flash_partition = "/dev/mtdblock/5";
-constexpr const char* factory_defaults = "/opt/webctrl/meta/metafile.dat.default";
-
 // Fills the segment with the factory defaults and puts what is stored in the partition over them, so that a
 // field whose stored line is missing or damaged has its factory value. A line that cannot be used, a last one
 // that was cut off among them, is reported on standard error with its number and skipped. False when neither

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "config/firmware.h"
 #include "config/login_record.h"
 #include "shared_record.h"
 #include "stored_settings.h"
@@ -24,7 +25,7 @@ bool boot() {
   login->idle_timeout = idle_timeout_seconds;
 
   const auto settings = std::make_unique<config::ConfigurationSegment>();
-  if (!desk::load_settings(desk::flash_partition, desk::factory_defaults, *settings)) {
+  if (!desk::load_settings(config::settings_partition, config::factory_defaults, *settings)) {
     std::fputs("There are neither stored settings nor factory defaults\n", stderr);
     return false;
   }
@@ -46,7 +47,8 @@ bool hold_login(std::uint32_t address, std::uint32_t seconds) {
 bool dump_share() {
   const auto* const segment =
       desk::attach_record<config::ConfigurationSegment>(config::ConfigurationSegment::key);
-  return segment != nullptr && desk::store_settings(desk::flash_partition, desk::factory_defaults, *segment);
+  return segment != nullptr &&
+         desk::store_settings(config::settings_partition, config::factory_defaults, *segment);
 }
 
 }  // namespace

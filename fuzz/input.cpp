@@ -213,10 +213,11 @@ void connect(tests::Device& device, Script script) {
 }  // namespace
 
 void set_up(tests::Device& device, std::string_view input) {
-  std::array<std::uint8_t, 5> header{};
+  std::array<std::uint8_t, 4> header{};
   for (std::uint8_t& byte : header) {
     byte = static_cast<std::uint8_t>(take_byte(input) - '0');
   }
+  take_line(input);  // how often it saves is for the tests
   device.settings = image(header[0] % image_count);
   if (device.fault == 0) {
     device.fault = header[1] * 256U + header[2];

@@ -1,5 +1,6 @@
-// A session written down as a file. Any bytes are one; those in corpus/ are made to be read.
-// A file begins with a line of four characters:
+// A session written down as a file. Any bytes are one; those in corpus/ are made to be read, and each states
+// how often it saves the settings: the tests notice one that stops short because a dialogue has changed.
+// A file begins with a line like "0001 saves 1", of four characters and that count:
 //
 //   1   how the segment is filled: 0 a new device, 1 every setting with a value that may be kept, 2 zeros,
 //       3 bytes 255, 4 texts without an end, 5 line feeds, 6 short texts with line feeds, 7 noise

@@ -26,8 +26,8 @@ void restart_filter_and_nat() {
 
 void raise_voice_change_flag() {
   const int error = config::set_voice_change_flag();
-  if (error != 0) {
-    report_segment_error(error);
+  if (error < 0) {
+    report_segment_error(-error);
   }
 }
 

@@ -1,223 +1,125 @@
 #include "shell/dialogue.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 
-#include "platform/platform.h"
 #include "shell/line.h"
 #include "shell/output.h"
-#include "shell/parse.h"
 
 namespace shell {
 namespace {
 
-struct JournalEntry {
-  void* field;
-  std::size_t size;
-};
+using Form = AnswerKind::Form;
 
-// Room for a MAC address, the longest value but a text.
-using ValueText = std::array<char, 18>;
-
-// As "%d" shows it: a stored word above the signed range shows negative.
-std::string_view number_text(ValueText& text, std::uint32_t value) {
-  const int length = std::snprintf(text.data(), text.size(), "%d", static_cast<std::int32_t>(value));
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-std::string_view address_text(ValueText& text, config::Ipv4 address) {
-  const int length = std::snprintf(text.data(), text.size(), "%u.%u.%u.%u", address.octet[0],
-                                   address.octet[1], address.octet[2], address.octet[3]);
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-std::string_view mac_text(ValueText& text, const config::Mac& mac) {
-  const int length = std::snprintf(text.data(), text.size(), "%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0],
-                                   mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4], mac.byte[5]);
-  return {text.data(), static_cast<std::size_t>(length)};
-}
-
-// [first, middle) and [middle, last).
-void swap_neighbours(char* first, char* middle, char* last) {
-  std::reverse(first, middle);
-  std::reverse(middle, last);
-  std::reverse(first, last);
+Value value_in(std::span<const char> bytes) {
+  Value value = 0;
+  std::memcpy(&value, bytes.data(), bytes.size());
+  return value;
 }
 
 }  // namespace
 
-Dialogue::Dialogue(const Family& family, Record record) : family_(family), adding_(record == Record::added) {}
+Dialogue::Dialogue(const Policy& policy, Record record) : policy_(policy), adding_(record == Record::added) {}
 
 // ---- One question ----
 
-// Converts the input line when it is an answer of the rule's kind.
-bool Dialogue::accepts(const Rule& rule, const Option& option, Value& value) {
-  switch (rule.kind) {
-    case Kind::choice: {
-      const int digit = option.rest_ignored ? leading_digit() : single_digit();
-      if (digit < 0) {
-        return false;
-      }
-      value.word = static_cast<std::uint32_t>(digit);
+Value Dialogue::ask(const Question& question, std::optional<Value> stored, const Option& option) {
+  const Value current = stored.value_or(0);
+  const bool may_keep =
+      (stored || option.empty_is_zero) && (!option.judge_kept || passes(question.kind, current));
+  const Refusal refusal(question.kind.is_choice() ? policy_.bad_choice : policy_.bad_value);
+  while (!ended_) {
+    question.prompt.show(number_, current, question.text);
+    const std::size_t typed = read_line();
+    if (left()) {
       break;
     }
-    case Kind::number:
-    case Kind::listed: {
-      if (option.rest_ignored && leading_digit() < 0) {
-        return false;
-      }
-      const bool as_it_begins = rule.kind == Kind::listed || option.rest_ignored;
-      const auto number = as_it_begins ? decimal_value(line_text()) : whole_number(line_text());
-      if (!number) {
-        return false;
-      }
-      value.word = *number;
-      break;
+    std::optional<Value> answer;
+    if (typed != 0) {
+      answer = judge_line(question.kind);
+    } else if (may_keep) {
+      answer = current;
     }
-    case Kind::address:
-    case Kind::netmask:
-      value.word = parse_ipv4(line_text(), '.').word();
-      break;
-    case Kind::mac:
-      return parse_mac(line_text(), value.mac, ':');
+    if (answer) {
+      answered(option, typed);
+      return *answer;
+    }
+    report(option.refusal != nullptr ? *option.refusal : refusal);
   }
-  return passes(rule, value);
+  return 0;
 }
 
-bool Dialogue::passes(const Rule& rule, const Value& value) {
-  switch (rule.kind) {
-    case Kind::choice:
-      return value.word <= 9 && std::strchr(rule.digits, static_cast<char>('0' + value.word)) != nullptr;
-    case Kind::number:
-      return in_range(value.word, rule.range.low, rule.range.high) && value.word % rule.range.step == 0;
-    case Kind::listed:
-      return std::find(rule.values.begin(), rule.values.end(), value.word) != rule.values.end();
-    case Kind::address:
-      return value.word != 0;
-    case Kind::netmask:
-      return is_valid_netmask(config::Ipv4::from_word(value.word));
-    case Kind::mac:
-      return true;
-  }
-  return false;
+Value Dialogue::ask_and_note(const Question& question, Bytes field, const Option& option) {
+  const Value answer = ask(question, adding_ ? std::nullopt : std::optional(value_in(field)), option);
+  note(field, &answer);
+  return value_in({reinterpret_cast<const char*>(&answer), field.size()});
 }
 
-Dialogue::Answer Dialogue::read_answer(const PromptText& prompt, std::string_view shown) {
-  prompt.show(subject_, shown);
-  const std::size_t count = read_line();
-  if (family_.asks_again && line_is_q()) {
+bool Dialogue::left() {
+  if (policy_.asks_again && line_is_q()) {
     put("q:Exit\n");
     ended_ = true;
-    return Answer::left;
   }
-  return count == 0 ? Answer::empty : Answer::given;
+  return ended_;
 }
 
 void Dialogue::report(const Refusal& refusal) {
   refusal.show();
-  ended_ = !family_.asks_again;
+  ended_ = !policy_.asks_again;
 }
 
-void Dialogue::answered(const Option& option, bool kept) {
-  if (kept && option.kept_note != nullptr) {
+void Dialogue::answered(const Option& option, std::size_t typed) {
+  if (typed == 0 && option.kept_note != nullptr) {
     put(option.kept_note);
   }
-  if (family_.asks_again && !option.no_empty_line) {
+  if (policy_.asks_again && !option.no_empty_line) {
     put("\n");
   }
 }
 
-Dialogue::Value Dialogue::ask(const PromptText& prompt, std::string_view shown, Value current,
-                              const Rule& rule, const Option& option, bool required) {
-  const Refusal by_kind(rule.kind == Kind::choice ? family_.bad_choice : family_.bad_value);
-  while (!ended_) {
-    const Answer answer = read_answer(prompt, shown);
-    if (answer == Answer::left) {
-      break;
-    }
-    Value value = current;
-    const bool kept = answer == Answer::empty && (!required || option.empty_is_zero);
-    const bool accepted = kept ? !option.judge_kept || passes(rule, value)
-                               : answer == Answer::given && accepts(rule, option, value);
-    if (accepted) {
-      answered(option, kept);
-      return value;
-    }
-    report(option.refusal != nullptr ? *option.refusal : by_kind);
-  }
-  return {};
-}
-
 // ---- The kinds ----
 
-std::uint32_t Dialogue::ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
-                                   const Option& option) {
-  ValueText text;
-  const std::uint32_t shown = adding_ ? 0 : current;
-  return ask(prompt, number_text(text, shown), {shown, {}}, rule, option, adding_).word;
+std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf choices) {
+  return choice(prompt, field, choices, no_option);
 }
 
-std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits) {
-  return choice(prompt, field, digits, no_option);
-}
-
-std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits,
+std::uint8_t Dialogue::choice(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf choices,
                               const Option& option) {
-  const std::uint32_t value = ask_number(prompt, field, {Kind::choice, {}, digits}, option);
-  return write(field, static_cast<std::uint8_t>(value));
+  const AnswerKind kind{.form = Form::choice, .rest_ignored = option.rest_ignored, .one_of = choices};
+  return static_cast<std::uint8_t>(ask_and_note({prompt, kind}, bytes_of(field), option));
 }
 
 std::uint32_t Dialogue::named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
-                                     const char* digits, const Option& option) {
-  return ask(prompt, name, {current, {}}, {Kind::choice, {}, digits}, option, adding_).word;
+                                     OneOf choices, const Option& option) {
+  const AnswerKind kind{.form = Form::choice, .one_of = choices};
+  return static_cast<std::uint32_t>(ask({prompt, kind, name}, current, option));
 }
 
-template <typename Number>
-std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, Number& field, Range range) {
+std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, NumberField field, Range range) {
   return number(prompt, field, range, no_option);
 }
 
-template <typename Number>
-std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, Number& field, Range range,
+std::uint32_t Dialogue::number(Prompt<Shows::number> prompt, NumberField field, Range range,
                                const Option& option) {
-  const std::uint32_t value = number_of(prompt, static_cast<std::uint32_t>(field), range, option);
-  return static_cast<std::uint32_t>(write(field, static_cast<Number>(value)));
+  const AnswerKind kind{.form = Form::number, .range = range};
+  return static_cast<std::uint32_t>(ask_and_note({prompt, kind}, field.bytes, option));
 }
-
-// The types of number that the segment has.
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint8_t&, Range);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint16_t&, Range);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint32_t&, Range);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::int32_t&, Range);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint8_t&, Range, const Option&);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint16_t&, Range, const Option&);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::uint32_t&, Range, const Option&);
-template std::uint32_t Dialogue::number(Prompt<Shows::number>, std::int32_t&, Range, const Option&);
 
 std::uint32_t Dialogue::hidden_number(Prompt<Shows::nothing> prompt, std::uint8_t& field, Range range) {
-  const std::uint32_t value = ask_number(prompt, field, {Kind::number, range, {}}, no_option);
-  return write(field, static_cast<std::uint8_t>(value));
+  const AnswerKind kind{.form = Form::number, .range = range};
+  return static_cast<std::uint32_t>(ask_and_note({prompt, kind}, bytes_of(field), no_option));
 }
 
-std::uint8_t Dialogue::listed(Prompt<Shows::number> prompt, std::uint8_t& field,
-                              std::span<const std::uint8_t> values) {
-  const std::uint32_t value = ask_number(prompt, field, {Kind::listed, {}, {}, values}, no_option);
-  return write(field, static_cast<std::uint8_t>(value));
+std::uint8_t Dialogue::listed(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf numbers) {
+  about(field);
+  const AnswerKind kind{.form = Form::listed, .one_of = numbers};
+  return static_cast<std::uint8_t>(ask_and_note({prompt, kind}, bytes_of(field), no_option));
 }
 
-std::uint32_t Dialogue::number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
-                                  const Option& option) {
-  return ask_number(prompt, current, {Kind::number, range, {}}, option);
-}
-
-config::Ipv4 Dialogue::ask_address(const PromptText& prompt, config::Ipv4& field, Kind kind,
-                                   const Option& option) {
-  ValueText text;
-  const config::Ipv4 shown = adding_ ? config::Ipv4{} : field;
-  const Value given =
-      ask(prompt, address_text(text, shown), {shown.word(), {}}, {kind, {}, {}}, option, adding_);
-  return write(field, config::Ipv4::from_word(given.word));
+std::uint32_t Dialogue::number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range) {
+  const AnswerKind kind{.form = Form::number, .range = range};
+  const auto stored = adding_ ? std::nullopt : std::optional<Value>(current);
+  return static_cast<std::uint32_t>(ask({prompt, kind}, stored, no_option));
 }
 
 config::Ipv4 Dialogue::address(Prompt<Shows::address> prompt, config::Ipv4& field) {
@@ -225,41 +127,41 @@ config::Ipv4 Dialogue::address(Prompt<Shows::address> prompt, config::Ipv4& fiel
 }
 
 config::Ipv4 Dialogue::address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option) {
-  return ask_address(prompt, field, Kind::address, option);
+  return ask_address({prompt, {.form = Form::address}}, field, option);
 }
 
 config::Ipv4 Dialogue::netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option) {
-  return ask_address(prompt, field, Kind::netmask, option);
+  return ask_address({prompt, {.form = Form::netmask}}, field, option);
+}
+
+config::Ipv4 Dialogue::ask_address(const Question& question, config::Ipv4& field, const Option& option) {
+  return config::Ipv4::from_word(static_cast<std::uint32_t>(ask_and_note(question, bytes_of(field), option)));
 }
 
 void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field) {
-  ValueText text;
-  const config::Mac shown = adding_ ? config::Mac{} : field;
-  write(field, ask(prompt, mac_text(text, shown), {0, shown}, {Kind::mac, {}, {}}, no_option, adding_).mac);
+  ask_and_note({prompt, {.form = Form::mac}}, bytes_of(field), no_option);
 }
 
-std::uint32_t Dialogue::ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
-                                 const Option& option) {
-  const Refusal wrong_choice(family_.bad_choice);
-  Option picking = option;
-  picking.refusal = option.refusal != nullptr ? option.refusal : &wrong_choice;
-  return ask(prompt, heading, {}, rule, picking, true).word;
+std::uint32_t Dialogue::pick(Prompt<Shows::nothing> prompt, std::size_t count, const Option& option) {
+  return ask_which({prompt, {.form = Form::which, .rest_ignored = option.rest_ignored}}, count, option);
 }
 
-std::uint32_t Dialogue::pick(Prompt<Shows::nothing> prompt, Range range, const Option& option) {
-  return ask_pick(prompt, {}, {Kind::number, range, {}}, option);
-}
-
-std::uint32_t Dialogue::pick(Prompt<Shows::text> prompt, std::string_view heading, Range range,
+std::uint32_t Dialogue::pick(Prompt<Shows::text> prompt, std::string_view heading, std::size_t count,
                              const Option& option) {
-  return ask_pick(prompt, heading, {Kind::number, range, {}}, option);
+  return ask_which({prompt, {.form = Form::which}, heading}, count, option);
 }
 
-std::uint32_t Dialogue::pick_digit(Prompt<Shows::nothing> prompt, const char* digits, const Option& option) {
-  return ask_pick(prompt, {}, {Kind::choice, {}, digits}, option);
+std::uint32_t Dialogue::pick_digit(Prompt<Shows::nothing> prompt, std::size_t count) {
+  return ask_which({prompt, {.form = Form::choice, .one_of = OneOf::first(count)}}, count, no_option);
 }
 
-void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, TextRule rule) {
+std::uint32_t Dialogue::ask_which(Question question, std::size_t count, const Option& option) {
+  about(count - 1);
+  question.kind.range = {0, number_};
+  return static_cast<std::uint32_t>(ask(question, std::nullopt, option));
+}
+
+void Dialogue::ask_text(Prompt<Shows::text> literal, Bytes field, TextRule rule) {
   const PromptText prompt = literal;
   if (ended_) {
     return;
@@ -268,100 +170,48 @@ void Dialogue::ask_text(Prompt<Shows::text> literal, std::span<char> field, Text
     config::strip_newline(field);
   }
   const std::size_t room = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
-  const std::size_t max = std::min<std::size_t>(rule.max, room);
+  const TextLimits limits{.most = std::min<std::size_t>(rule.max, room),
+                          .may_be_empty = adding_ && rule.may_be_empty,
+                          .digits_only = rule.digits_only};
+  const bool may_keep = !adding_ || rule.optional;
   while (!ended_) {
-    const Answer answer = read_answer(prompt, config::text_in(field));
-    if (answer == Answer::left) {
+    prompt.show(number_, 0, config::text_in(field));
+    const std::size_t typed = read_line();
+    if (left()) {
       return;
     }
-    const std::string_view typed = typed_text();
-    const bool empty = answer == Answer::empty;
-    bool keep = empty && (!adding_ || rule.optional);
-    const bool is_text = !typed.empty() || (adding_ && rule.may_be_empty);
-    const bool fits = keep || (is_text && line_length() <= max);
-    if (!fits && !empty && rule.unfit != TextRule::Unfit::refused) {
+    if (typed == 0 && may_keep) {
+      note(field, field.data());
+    } else if (const auto text = judge_text(limits)) {
+      const Bytes noted = journal_.note(field);
+      config::put_text(noted, *text);
+      if (rule.with_line_feed) {
+        noted[text->size()] = '\n';
+      }
+    } else if (typed != 0 && rule.unfit != TextRule::Unfit::refused) {
       show_message(Message::illegal_value);
-      keep = rule.unfit == TextRule::Unfit::keeps_the_old;
-    } else if (!fits || (rule.digits_only && !is_all_digits(line_text()))) {
-      report(family_.bad_value);
+      note(field, rule.unfit == TextRule::Unfit::keeps_the_old ? field.data() : nullptr);
+    } else {
+      report(policy_.bad_value);
       continue;
     }
-    if (keep) {
-      note(field.data(), field.data(), field.size());
-    } else {
-      const std::span<char> pending = note(field.data(), field.size());
-      config::put_text(pending, fits ? typed : std::string_view{});
-      if (rule.with_line_feed) {
-        pending[typed.size()] = '\n';
-      }
-    }
-    answered({}, keep);
+    answered(no_option, typed);
     return;
   }
 }
 
-// ---- The journal ----
+// ---- The way into the record ----
 
-std::span<char> Dialogue::note(void* field, std::size_t size) {
-  const JournalEntry entry{field, size};
-  if (journal_length_ + sizeof entry + size > journal_.size()) {
-    __builtin_trap();
-  }
-  std::memcpy(journal_.data() + journal_length_, &entry, sizeof entry);
-  const std::span<char> value{journal_.data() + journal_length_ + sizeof entry, size};
-  journal_length_ += sizeof entry + size;
-  return value;
-}
-
-void Dialogue::note(void* field, const void* value, std::size_t size) {
+void Dialogue::note(Bytes field, const void* value) {
   if (ended_) {
     return;
   }
-  const std::span<char> pending = note(field, size);
+  const Bytes noted = journal_.note(field);
   if (value != nullptr) {
-    std::memcpy(pending.data(), value, size);
+    std::memcpy(noted.data(), value, noted.size());
   } else {
-    std::memset(pending.data(), 0, size);
+    std::memset(noted.data(), 0, noted.size());
   }
-}
-
-// With its head; empty when nothing is noted for the field.
-std::span<char> Dialogue::entry_of(const void* field) {
-  const std::span noted = std::span(journal_).first(journal_length_);
-  for (std::size_t at = 0; at < noted.size();) {
-    JournalEntry entry;
-    std::memcpy(&entry, &noted[at], sizeof entry);
-    const std::size_t size = sizeof entry + entry.size;
-    if (entry.field == field) {
-      return noted.subspan(at, size);
-    }
-    at += size;
-  }
-  return {};
-}
-
-void Dialogue::move_before(const void* field, const void* moved) {
-  const std::span<char> place = entry_of(field);
-  const std::span<char> entry = entry_of(moved);
-  if (place.empty() || entry.empty()) {
-    return;
-  }
-  if (entry.data() > place.data()) {
-    swap_neighbours(place.data(), entry.data(), entry.data() + entry.size());
-  } else {
-    swap_neighbours(entry.data(), entry.data() + entry.size(), place.data());
-  }
-}
-
-void Dialogue::bring_forward() {
-  char* const begin = journal_.data();
-  swap_neighbours(begin, begin + ahead_from_, begin + journal_length_);
-  ahead_from_ = 0;
-}
-
-void Dialogue::write_ahead() {
-  bring_forward();
-  ahead_from_ = journal_length_;
 }
 
 void Dialogue::refuse(Refusal refusal) {
@@ -372,19 +222,10 @@ void Dialogue::refuse(Refusal refusal) {
 }
 
 bool Dialogue::commit() {
-  if (ended_) {
-    return false;
+  if (!ended_) {
+    journal_.commit();
   }
-  bring_forward();
-  for (std::size_t at = 0; at < journal_length_;) {
-    JournalEntry entry;
-    std::memcpy(&entry, journal_.data() + at, sizeof entry);
-    at += sizeof entry;
-    platform::write_shared(entry.field, {journal_.data() + at, entry.size});
-    at += entry.size;
-  }
-  journal_length_ = 0;
-  return true;
+  return !ended_;
 }
 
 }  // namespace shell

@@ -5,40 +5,31 @@
 //   ask.choice("UPNP Enable?<%d>(0:Disable, 1:Enable):", segment().upnp_enable, "01");
 //   if (ask.commit()) { save_settings(); ... }
 //
-// Each statement shows the stored value, reads a line and judges it; an empty line keeps the stored value.
-// The answers, kept ones included, are gathered in a journal and reach the segment in commit(), so a dialogue
-// that does not get there changes nothing. Once a dialogue has ended early, its remaining statements do
-// nothing and return 0.
+// Each statement shows the stored value, reads a line and has it judged; an empty line keeps the stored
+// value. The answers, kept ones included, are noted in a journal and reach the segment in commit(), so a
+// dialogue that does not get there changes nothing. Once a dialogue has ended early, its remaining statements
+// do nothing and return 0.
 #pragma once
 
-#include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <type_traits>
 
 #include "config/values.h"
+#include "shell/answer.h"
+#include "shell/journal.h"
 #include "shell/message.h"
 #include "shell/prompt.h"
 
 namespace shell {
 
-// Numbers low to high, in steps from 0. Packed into one word, because it is an argument of every second
-// prompt.
-struct Range {
-  constexpr Range() = default;
-  constexpr Range(std::uint16_t lowest, std::uint32_t highest, std::uint16_t steps = 1)
-      : low(lowest), step(steps), high(highest) {}
-
-  std::uint16_t low = 0;
-  std::uint16_t step = 1;
-  std::uint32_t high = 0;
-};
-
 // How one prompt departs from its dialogue. What it points to has to live until the prompt is answered.
 struct Option {
-  const Refusal* refusal = nullptr;  // in place of the family's
+  const Refusal* refusal = nullptr;  // in place of the dialogue's
   bool judge_kept = false;           // a kept value must pass the test as well
   bool empty_is_zero = false;        // when adding: an empty line counts as 0
   bool rest_ignored = false;         // only a choice's first character, a number's leading digits count
@@ -64,67 +55,72 @@ struct TextRule {
 };
 
 class Dialogue {
+  using Bytes = std::span<char>;
+
+  template <typename Field>
+  static Bytes bytes_of(Field& field) {
+    static_assert(std::is_trivially_copyable_v<Field>);
+    return {reinterpret_cast<char*>(&field), sizeof field};
+  }
+
  public:
   // What is done about a refused answer.
-  struct Family {
+  struct Policy {
     bool asks_again;  // the same question again; a line that is exactly q leaves; an empty line after each
                       // answer
     Message bad_choice;
     Message bad_value;
   };
-  static constexpr Family refuse_by_kind{false, Message::wrong_choice, Message::illegal_value};
-  static constexpr Family refuse_as_illegal{false, Message::illegal_value, Message::illegal_value};
-  static constexpr Family ask_again{true, Message::illegal_value, Message::illegal_value};
+  static constexpr Policy refuse_by_kind{false, Message::wrong_choice, Message::illegal_value};
+  static constexpr Policy refuse_as_illegal{false, Message::illegal_value, Message::illegal_value};
+  static constexpr Policy ask_again{true, Message::illegal_value, Message::illegal_value};
 
   // A new record is asked for by the same statements as a stored one: every prompt shows zero instead of what
   // the free slot holds, and an answer is required.
   enum class Record : std::uint8_t { stored, added };
 
-  explicit Dialogue(const Family& family, Record record = Record::stored);
+  explicit Dialogue(const Policy& policy, Record record = Record::stored);
   Dialogue(const Dialogue&) = delete;
   Dialogue& operator=(const Dialogue&) = delete;
 
   bool adding() const { return adding_; }
 
-  // The number that prompts with a leading "%d" are about.
-  void about(int subject) { subject_ = subject; }
+  // The telephone port or line that the next prompts are about: a "%d" before the value shows its number.
+  void about(std::size_t number) { number_ = static_cast<std::uint32_t>(number); }
 
-  // ---- Kinds of answer; each returns the resulting value ----
+  // ---- Kinds of answer, as shell/answer.h describes them; each returns the resulting value ----
 
-  // Exactly one character, one of `digits`.
-  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits);
-  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, const char* digits,
-                      const Option& option);
+  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf choices);
+  std::uint8_t choice(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf choices, const Option& option);
 
   // A choice among things with names: the prompt shows the name of the current one, whose number is
   // `current`. Returns the chosen number; the caller knows what to write.
   std::uint32_t named_choice(Prompt<Shows::text> prompt, std::string_view name, std::uint32_t current,
-                             const char* digits, const Option& option = no_option);
+                             OneOf choices, const Option& option);
 
-  // Decimal digits, in range. A field narrower than the range's end keeps, and the call returns, the number's
-  // low bits.
-  template <typename Number>
-  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range);
-  template <typename Number>
-  std::uint32_t number(Prompt<Shows::number> prompt, Number& field, Range range, const Option& option);
+  // A number of the record, whatever its type.
+  struct NumberField {
+    template <std::integral Number>
+    NumberField(Number& number) : bytes(bytes_of(number)) {}
+    Bytes bytes;
+  };
+  // A field narrower than the range's end keeps, and the call returns, the number's low bits.
+  std::uint32_t number(Prompt<Shows::number> prompt, NumberField field, Range range);
+  std::uint32_t number(Prompt<Shows::number> prompt, NumberField field, Range range, const Option& option);
 
   // The same for a prompt that does not show the value.
   std::uint32_t hidden_number(Prompt<Shows::nothing> prompt, std::uint8_t& field, Range range);
 
-  // The number with which the answer begins, 0 when it begins with none: one of `values`.
-  std::uint8_t listed(Prompt<Shows::number> prompt, std::uint8_t& field,
-                      std::span<const std::uint8_t> values);
+  // Its prompt shows the value twice.
+  std::uint8_t listed(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf numbers);
 
   // A number that is no field of its own: shown and kept like one, and only returned.
-  std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range,
-                          const Option& option = no_option);
+  std::uint32_t number_of(Prompt<Shows::number> prompt, std::uint32_t current, Range range);
 
-  // Not 0.0.0.0; a kept 0.0.0.0 passes unless option.judge_kept.
+  // Whatever is kept passes, 0.0.0.0 as well, unless option.judge_kept.
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field);
   config::Ipv4 address(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option);
-  // One bits, then zero bits, and at least one of the first.
   config::Ipv4 netmask(Prompt<Shows::address> prompt, config::Ipv4& field, const Option& option = no_option);
-  // Any six bytes, all zero included.
   void mac(Prompt<Shows::mac> prompt, config::Mac& field);
 
   // A stored text that is about to be shown is first cut at its newline, in the segment, and stays cut.
@@ -133,41 +129,45 @@ class Dialogue {
     ask_text(prompt, field.bytes, rule);
   }
 
-  // An answer that is not a setting: which record, which action. Required unless option.empty_is_zero, and
-  // refused as a choice. A number of any length:
-  std::uint32_t pick(Prompt<Shows::nothing> prompt, Range range, const Option& option = no_option);
+  // ---- Answers that are no settings: which of `count` things, numbered from 0 ----
+  // Required unless option.empty_is_zero, and refused as a choice. A "%d" in the prompt shows the last
+  // number.
+
+  // As a number of any length:
+  std::uint32_t pick(Prompt<Shows::nothing> prompt, std::size_t count, const Option& option = no_option);
   // The same under a heading.
-  std::uint32_t pick(Prompt<Shows::text> prompt, std::string_view heading, Range range,
+  std::uint32_t pick(Prompt<Shows::text> prompt, std::string_view heading, std::size_t count,
                      const Option& option = no_option);
-  // Exactly one character:
-  std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, const char* digits,
-                           const Option& option = no_option);
+  // As exactly one character:
+  std::uint32_t pick_digit(Prompt<Shows::nothing> prompt, std::size_t count);
 
   // ---- Without a prompt ----
 
   // What commit() writes into a field that was not asked for.
-  template <typename Value>
-  Value write(Value& field, Value value) {
-    static_assert(std::is_trivially_copyable_v<Value>);
-    note(&field, &value, sizeof value);
+  template <typename Field>
+  Field note(Field& field, Field value) {
+    note(bytes_of(field), bytes_of(value).data());
     return value;
   }
   // Zero bytes: the number 0, an empty text.
-  template <typename... Values>
-  void clear(Values&... fields) {
-    static_assert((std::is_trivially_copyable_v<Values> && ...));
-    (note(&fields, nullptr, sizeof fields), ...);
+  template <typename... Fields>
+  void note_zero(Fields&... fields) {
+    (note(bytes_of(fields), nullptr), ...);
   }
 
   // ---- The order in which the fields are written ----
   // Other programs read the record meanwhile. It is the order of the statements above, but for these.
 
   // What is noted from here on is written before all that was noted until now.
-  void write_ahead();
-  // `fields`, as far as they were noted, are written right before `field`, in the order given.
-  template <typename Field, typename... Fields>
-  void write_before(const Field& field, const Fields&... fields) {
-    (move_before(&field, &fields), ...);
+  void note_ahead() { journal_.note_ahead(); }
+  // These fields are written one right behind the other, where the last one stands. One that was not noted
+  // leaves what is in front of it where it is.
+  template <typename First, typename Second, typename... More>
+  void note_in_order(const First& first, const Second& second, const More&... more) {
+    if constexpr (sizeof...(more) > 0) {
+      note_in_order(second, more...);
+    }
+    journal_.put_before(&second, &first);
   }
 
   // Reports and ends the dialogue, unless it has ended.
@@ -175,60 +175,32 @@ class Dialogue {
 
   bool ended() const { return ended_; }
 
-  // Writes all answers. False, with nothing written, when the dialogue has ended
-  // early.
+  // Writes all answers. False, with nothing written, when the dialogue has ended early.
   bool commit();
 
  private:
-  enum class Kind : std::uint8_t { choice, number, listed, address, netmask, mac };
-
-  struct Rule {
-    Kind kind;
-    Range range;         // of a number
-    const char* digits;  // of a choice
-    // Of a listed number; NOLINTNEXTLINE: other kinds leave it out.
-    std::span<const std::uint8_t> values = {};
+  struct Question {
+    PromptText prompt;
+    AnswerKind kind;
+    std::string_view text = {};  // what a prompt shows that shows a text
   };
 
-  struct Value {
-    std::uint32_t word;
-    config::Mac mac;
-  };
-
-  enum class Answer : std::uint8_t { empty, given, left };
-
-  std::uint32_t ask_number(const PromptText& prompt, std::uint32_t current, const Rule& rule,
-                           const Option& option);
-  config::Ipv4 ask_address(const PromptText& prompt, config::Ipv4& field, Kind kind, const Option& option);
-  std::uint32_t ask_pick(const PromptText& prompt, std::string_view heading, const Rule& rule,
-                         const Option& option);
-  void ask_text(Prompt<Shows::text> prompt, std::span<char> field, TextRule rule);
-  Value ask(const PromptText& prompt, std::string_view shown, Value current, const Rule& rule,
-            const Option& option, bool required);
-  Answer read_answer(const PromptText& prompt, std::string_view shown);
+  // Nothing stored: an answer is required.
+  Value ask(const Question& question, std::optional<Value> stored, const Option& option);
+  Value ask_and_note(const Question& question, Bytes field, const Option& option);
+  config::Ipv4 ask_address(const Question& question, config::Ipv4& field, const Option& option);
+  std::uint32_t ask_which(Question question, std::size_t count, const Option& option);
+  void ask_text(Prompt<Shows::text> prompt, Bytes field, TextRule rule);
+  bool left();
   void report(const Refusal& refusal);
-  void answered(const Option& option, bool kept);
+  void answered(const Option& option, std::size_t typed);
+  void note(Bytes field, const void* value);  // no value: zero bytes
 
-  std::span<char> note(void* field, std::size_t size);
-  void note(void* field, const void* value, std::size_t size);  // no value: zero bytes
-
-  void bring_forward();
-  void move_before(const void* field, const void* moved);
-  std::span<char> entry_of(const void* field);
-
-  static bool accepts(const Rule& rule, const Option& option, Value& value);
-  static bool passes(const Rule& rule, const Value& value);
-
-  const Family& family_;
+  const Policy& policy_;
   bool adding_;
   bool ended_ = false;
-  int subject_ = 0;
-  std::size_t journal_length_ = 0;
-  std::size_t ahead_from_ = 0;  // where in the journal begins what is to be written ahead
-  // One entry per answer: the field's address, its size, its bytes. Room for the longest dialogue, the two
-  // SIP lines with their servers; a dialogue that outgrows it stops the program the first time it is run to
-  // its end.
-  std::array<char, 3072> journal_;
+  std::uint32_t number_ = 0;  // what a "%d" before the value shows
+  Journal journal_;
 };
 
 }  // namespace shell

@@ -43,7 +43,7 @@ void item_dispatch(std::size_t slot, std::size_t number) {
 }
 
 // What both levels say about a line that is no command of theirs.
-void report_unknown(int command) {
+void report_unknown(unsigned command) {
   if (command == not_implemented) {
     put("This command is not implement!\n");
   } else if (command == not_defined) {
@@ -52,9 +52,9 @@ void report_unknown(int command) {
 }
 
 void main_menu_dispatch(std::size_t length) {
-  const int command = classify_input(length);
-  if (command >= 0 && command < static_cast<int>(tree->size())) {
-    current_submenu = static_cast<std::size_t>(command);
+  const unsigned command = classify_input(length);
+  if (command < tree->size()) {
+    current_submenu = command;
     show_submenu(current_submenu);
   } else if (command == quit) {
     end_console();
@@ -66,9 +66,9 @@ void main_menu_dispatch(std::size_t length) {
 }
 
 void submenu_dispatch(std::size_t length) {
-  const int command = classify_input(length);
-  if (command >= 0 && command <= 10) {
-    item_dispatch(static_cast<std::size_t>(command), current_submenu);
+  const unsigned command = classify_input(length);
+  if (command < Submenu::slots) {
+    item_dispatch(command, current_submenu);
     show_submenu(current_submenu);
   } else if (command == quit) {
     show_main_menu();
@@ -96,7 +96,7 @@ void run_menus(const MenuTree& menus) {
   }
 }
 
-int classify_input(std::size_t length) {
+unsigned classify_input(std::size_t length) {
   if (!refresh_login()) {
     put("\nConnection Time Out!! Please Re-Login!!\n");
     end_console();
@@ -108,7 +108,7 @@ int classify_input(std::size_t length) {
     return quit;
   }
   if (length <= 2 && is_all_digits(line_text())) {
-    return static_cast<int>(decimal_value(line_text()).value_or(not_defined));
+    return decimal_value(line_text()).value_or(not_defined);
   }
   return length == 4 && typed_text() == "help" ? help : not_defined;
 }

@@ -48,13 +48,14 @@ class Screen {
   std::uint16_t length_ = 0;
 };
 
-// A table of items, by number from 0 to 10, as the shell wants it. The compiler draws the screen.
+// A table of items, by number from 0, as the shell wants it. The compiler draws the screen.
 class Submenu {
  public:
-  static constexpr std::size_t slots = 11;
+  static constexpr std::size_t slots = 11;  // at most; more do not compile
 
-  consteval Submenu(std::string_view label, const std::array<MenuItem, slots>& items) : label_(label) {
-    for (std::size_t slot = 0; slot < items.size(); ++slot) {
+  template <std::size_t count>
+  consteval Submenu(std::string_view label, const MenuItem (&items)[count]) : label_(label) {
+    for (std::size_t slot = 0; slot < count; ++slot) {
       handlers_[slot] = items[slot].handler;
       if (!items[slot].label.empty()) {
         screen_.add_item(slot, items[slot].label);
@@ -87,6 +88,6 @@ enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_impleme
 
 // Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
 // when the login has expired or was taken over.
-int classify_input(std::size_t length);
+unsigned classify_input(std::size_t length);
 
 }  // namespace shell

@@ -9,7 +9,7 @@
 namespace shell {
 namespace {
 
-constexpr std::array<std::string_view, 9> messages = {
+constexpr std::array messages = std::to_array<std::string_view>({
     "Please answer the question and use [enter] to keep original setting value",
     "Your select is wrong!!",
     "Your input value is illegal!!",
@@ -19,7 +19,9 @@ constexpr std::array<std::string_view, 9> messages = {
     "No more space to creat new rule!!",
     "Device will be reboot, please wait 60 seconds and re-connect!!",
     "Port Range Error!!",
-};
+});
+
+static_assert(messages.size() == static_cast<std::size_t>(Message::port_range) + 1);
 
 }  // namespace
 

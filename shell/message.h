@@ -23,7 +23,7 @@ void show_message(Message message);
 // How a refused answer is reported: a numbered message, or a line of the dialogue's own.
 class Refusal {
  public:
-  constexpr Refusal(Message message) : message_(message) {}  // NOLINT: a message is a refusal
+  constexpr Refusal(Message message) : message_(message) {}
   // `text` is not copied.
   static constexpr Refusal line(const char* text) {
     Refusal refusal(Message::illegal_value);

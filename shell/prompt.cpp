@@ -1,24 +1,61 @@
 #include "shell/prompt.h"
 
+#include <cstring>
+
+#include "config/values.h"
 #include "shell/output.h"
 
 namespace shell {
+namespace {
 
-void PromptText::show(int subject, std::string_view value) const {
-  const auto [subject_at, value_at] = take_apart(literal_, shows_);
-  const std::string_view text = literal_;
+// A stored word above the signed range shows negative.
+void put_number(Value value) {
+  print("%d", static_cast<std::int32_t>(value));
+}
+
+void put_address(config::Ipv4 address) {
+  print("%u.%u.%u.%u", address.octet[0], address.octet[1], address.octet[2], address.octet[3]);
+}
+
+void put_mac(Value value) {
+  config::Mac mac;
+  std::memcpy(&mac, &value, sizeof mac);
+  print("%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0], mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4],
+        mac.byte[5]);
+}
+
+void put_value(Shows shows, Value value, std::string_view text) {
+  switch (shows) {
+    case Shows::number:
+      return put_number(value);
+    case Shows::address:
+      return put_address(config::Ipv4::from_word(static_cast<std::uint32_t>(value)));
+    case Shows::mac:
+      return put_mac(value);
+    case Shows::text:
+      return put(text);
+    case Shows::nothing:
+      return;
+  }
+}
+
+}  // namespace
+
+void PromptText::show(std::uint32_t number, Value value, std::string_view text) const {
+  const auto [number_at, value_at] = take_apart(literal_, shows_);
+  const std::string_view prompt = literal_;
   std::size_t shown = 0;
-  if (subject_at != std::string_view::npos) {
-    put(text.substr(0, subject_at));
-    print("%d", subject);
-    shown = subject_at + std::string_view("%d").size();
+  if (number_at != std::string_view::npos) {
+    put(prompt.substr(0, number_at));
+    put_number(number);
+    shown = number_at + conversion_of(Shows::number).size();
   }
   if (value_at != std::string_view::npos) {
-    put(text.substr(shown, value_at - shown));
-    put(value);
+    put(prompt.substr(shown, value_at - shown));
+    put_value(shows_, value, text);
     shown = value_at + conversion_of(shows_).size();
   }
-  put(text.substr(shown));
+  put(prompt.substr(shown));
 }
 
 bool PromptText::shows_value() const {

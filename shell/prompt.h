@@ -2,12 +2,14 @@
 //
 // A prompt is written with the conversions it shows: "Session Timer?<%d>(1~65535):". The type says which
 // value it shows; a literal that does not fit it does not compile. A "%d" before the value, as in "Phone %d
-// Enable?<%d>:", shows the dialogue's subject.
+// Enable?<%d>:", shows a number of the prompt's own.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+
+#include "shell/answer.h"
 
 namespace shell {
 
@@ -21,7 +23,7 @@ enum class Shows : std::uint8_t {
 
 // Where in a prompt its conversions are; npos for one that it does not have.
 struct PromptParts {
-  std::size_t subject_at;
+  std::size_t number_at;
   std::size_t value_at;
 };
 
@@ -47,7 +49,7 @@ constexpr PromptParts take_apart(std::string_view prompt, Shows shows) {
   const std::size_t first = prompt.find('%');
   const std::size_t second = first == absent ? absent : prompt.find('%', first + 1);
   const bool leads_with_number = first != absent && prompt[first + 1] == 'd';
-  // A number alone is the subject where no number is shown.
+  // A number alone is the prompt's own where no number is shown.
   if (leads_with_number && (second != absent || shows != Shows::number)) {
     return {first, second};
   }
@@ -57,8 +59,9 @@ constexpr PromptParts take_apart(std::string_view prompt, Shows shows) {
 // A prompt that the compiler has taken apart.
 class PromptText {
  public:
-  // Prints the prompt, without a newline.
-  void show(int subject, std::string_view value) const;
+  // Prints the prompt, without a newline: with its own number where it has one, and with the value that it
+  // shows, or `text` where it shows a text.
+  void show(std::uint32_t number, Value value, std::string_view text) const;
 
   // False for a text that is asked for without being shown.
   bool shows_value() const;
@@ -76,8 +79,8 @@ class PromptText {
 template <Shows shows>
 class Prompt {
  public:
-  consteval Prompt(const char* literal);                               // NOLINT: a literal is a prompt
-  constexpr operator PromptText() const { return {literal_, shows}; }  // NOLINT: a prompt is a text
+  consteval Prompt(const char* literal);
+  constexpr operator PromptText() const { return {literal_, shows}; }
 
  private:
   const char* literal_;
@@ -91,8 +94,8 @@ void prompt_does_not_show_what_its_type_says();
 template <Shows shows>
 consteval Prompt<shows>::Prompt(const char* literal) : literal_(literal) {
   const std::string_view prompt = literal;
-  const auto [subject_at, value_at] = take_apart(prompt, shows);
-  std::size_t end = subject_at == std::string_view::npos ? 0 : subject_at + 2;
+  const auto [number_at, value_at] = take_apart(prompt, shows);
+  std::size_t end = number_at == std::string_view::npos ? 0 : number_at + 2;
   bool fits = shows == Shows::nothing || shows == Shows::text;
   if (value_at != std::string_view::npos) {
     const std::string_view conversion = conversion_of(shows);

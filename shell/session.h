@@ -23,8 +23,8 @@ std::uint32_t now_seconds();
 // it at any time.
 config::ConfigurationSegment& segment();
 
-// For the idle time-out: true while this console still holds an unexpired login; then also starts the idle
-// time anew.
+// For the idle time-out: true while this console still holds an unexpired login, whose idle time then starts
+// again.
 bool refresh_login();
 
 // A shared-memory segment cannot be had: "cfgid" and the system's words for `error`, on standard error.

@@ -8,9 +8,6 @@
 namespace menus::advanced {
 namespace {
 
-constexpr std::uint8_t last_protocol_with_ports = 2;  // TCP and UDP
-constexpr std::uint8_t last_protocol = 4;
-
 // Three characters; blanks for a number outside the table.
 const char* interface_name(std::uint8_t interface) {
   static constexpr char names[][4] = {"WAN", "LAN", "*  "};
@@ -44,15 +41,14 @@ void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
                "Destination IP Range End?<%u.%u.%u.%u>:", rule.dst_ip_end);
   const std::uint8_t protocol =
       ask.choice("Protocol?<%d>(0:TCP, 1:UDP, 2:Both, 3:ICMP, 4:ALL):", rule.protocol, "01234");
-  if (protocol <= last_protocol_with_ports) {
+  if (protocol <= both) {
     ask_port_range(ask, "Destination Port Start?<%d>(1~65535):", rule.dst_port_start,
                    "Destination Port End?<%d>(1~65535):", rule.dst_port_end);
-  } else if (protocol <= last_protocol) {
+  } else if (protocol <= all_protocols) {
     // A protocol of another program's, kept, keeps its ports as well.
-    ask.clear(rule.dst_port_start);
-    ask.clear(rule.dst_port_end);
+    ask.note_zero(rule.dst_port_start, rule.dst_port_end);
   }
-  ask.write_before(rule.protocol, rule.dst_port_start, rule.dst_port_end);
+  ask.note_in_order(rule.dst_port_start, rule.dst_port_end, rule.protocol);
   ask_schedule(ask, rule.schedule);
 }
 

@@ -27,7 +27,7 @@ void ask_rule(shell::Dialogue& ask, config::IpFilter& rule) {
   if (ask.adding()) {
     ask_type(ask, rule);
   }
-  ask.write_before(rule.start_ip, rule.protocol);
+  ask.note_in_order(rule.protocol, rule.start_ip);
   ask_schedule(ask, rule.schedule);
 }
 

@@ -9,13 +9,13 @@ namespace {
 constexpr shell::Refusal dmz_ip_error = shell::Refusal::line("DMZ Lan IP Error");
 
 void show_nat(const config::NatSettings& nat) {
-  show_switch("NAT Enable", nat.nat_enable);
-  show_switch("IPSec Pass Through Enable", nat.ipsec_pass_through);
-  show_switch("PPTP Pass Through Enable", nat.pptp_pass_through);
-  show_switch("L2TP Pass Through Enable", nat.l2tp_pass_through);
-  show_switch("SIP ALG Through Enable", nat.sip_alg);
-  show_switch("NetMetting ALG Enable", nat.netmeeting_alg);
-  show_switch("DMZ Enable", nat.dmz_enable);
+  show_switch_setting("NAT Enable", nat.nat_enable);
+  show_switch_setting("IPSec Pass Through Enable", nat.ipsec_pass_through);
+  show_switch_setting("PPTP Pass Through Enable", nat.pptp_pass_through);
+  show_switch_setting("L2TP Pass Through Enable", nat.l2tp_pass_through);
+  show_switch_setting("SIP ALG Through Enable", nat.sip_alg);
+  show_switch_setting("NetMetting ALG Enable", nat.netmeeting_alg);
+  show_switch_setting("DMZ Enable", nat.dmz_enable);
   if (nat.dmz_enable != 0) {
     const auto& octet = nat.dmz_ip.octet;
     shell::print("DMZ LAN IP:<%u.%u.%u.%u>\n", octet[0], octet[1], octet[2], octet[3]);
@@ -40,7 +40,7 @@ void nat_setting() {
     if (ask.choice("DMZ Enable?<%d>(0:disable, 1:Enable):", nat.dmz_enable, "01") != 0) {
       ask.address("DMZ Lan IP<%u.%u.%u.%u>:", nat.dmz_ip, {.refusal = &dmz_ip_error, .judge_kept = true});
     } else {
-      ask.clear(nat.dmz_ip);
+      ask.note_zero(nat.dmz_ip);
     }
   }
   if (!ask.commit()) {

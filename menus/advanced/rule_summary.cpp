@@ -7,19 +7,25 @@
 namespace menus::advanced {
 
 void rule_summary() {
-  static constexpr std::array<const RuleTable*, 8> tables = {
-      &virtual_servers, &special_applications, &static_routes,  &mac_filters,
-      &ip_filters,      &url_filters,          &domain_filters, &firewall_rules,
-  };
+  static constexpr auto tables = std::to_array<const RuleTable*>({
+      &virtual_servers,
+      &special_applications,
+      &static_routes,
+      &mac_filters,
+      &ip_filters,
+      &url_filters,
+      &domain_filters,
+      &firewall_rules,
+  });
+  static_assert(tables.size() <= 10, "a list is chosen by one digit");
   for (std::size_t list = 0; list < tables.size(); ++list) {
     shell::print("%zu:%s Rule List\n", list, tables[list]->name);
   }
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
-  ask.about(tables.size() - 1);
-  const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", "01234567");
+  const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", tables.size());
   if (!ask.ended()) {
     shell::put("\n");
-    show_rules(*tables[list], all_rules);
+    show_rules(*tables[list]);
   }
 }
 

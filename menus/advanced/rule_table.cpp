@@ -11,15 +11,27 @@ namespace {
 
 using shell::Dialogue;
 
-constexpr shell::Range yes_or_no{0, 1};
-constexpr shell::Range indices{0, rule_count - 1};
-
 bool is_free(const RuleTable& table, std::size_t index) {
-  return table.enable(index) == config::free_slot;
+  return table.enable_byte(index) == config::free_slot;
+}
+
+void show_header(const RuleTable& table) {
+  if (table.master.field != nullptr) {
+    shell::put("\n");
+    show_switch_setting(table.master.label, shell::segment().*table.master.field);
+  }
+  shell::put(table.header);
+}
+
+void show_row(const RuleTable& table, std::size_t index) {
+  if (!is_free(table, index)) {
+    shell::print("%2zu:|%d     ", index, table.enable_byte(index));
+    table.show_rule(index);
+  }
 }
 
 std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
-  for (std::size_t index = 0; index < rule_count; ++index) {
+  for (std::size_t index = 0; index < table.count; ++index) {
     if (is_free(table, index)) {
       return index;
     }
@@ -29,13 +41,12 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
 }
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
-  ask.about(rule_count - 1);
-  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", indices);
+  const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", table.count);
   if (is_free(table, index)) {
     ask.refuse(shell::Message::wrong_choice);
   }
   if (!ask.ended()) {
-    show_rules(table, static_cast<int>(index));
+    show_rule(table, index);
   }
   return index;
 }
@@ -47,48 +58,46 @@ void save_and_restart_filter() {
   shell::restart_filter_and_nat();
 }
 
-void show_rules(const RuleTable& table, int index) {
-  if (table.master.field != nullptr) {
-    shell::put("\n");
-    show_switch(table.master.label, shell::segment().*table.master.field);
-  }
-  shell::put(table.header);
-  for (std::size_t rule = 0; rule < rule_count; ++rule) {
-    const bool listed = index == all_rules || static_cast<std::size_t>(index) == rule;
-    if (listed && !is_free(table, rule)) {
-      shell::print("%2zu:|%d     ", rule, table.enable(rule));
-      table.show(rule);
-    }
+void show_rules(const RuleTable& table) {
+  show_header(table);
+  for (std::size_t index = 0; index < table.count; ++index) {
+    show_row(table, index);
   }
   shell::put("\n");
 }
 
+void show_rule(const RuleTable& table, std::size_t index) {
+  show_header(table);
+  show_row(table, index);
+  shell::put("\n");
+}
+
 void configure_rules(const RuleTable& table) {
-  show_rules(table, all_rules);
+  show_rules(table);
 
   Dialogue choose(Dialogue::refuse_by_kind);
   const bool switched = table.master.field != nullptr;
-  const std::uint32_t master = switched ? choose.pick(table.master.prompt, yes_or_no) : 0;
-  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", yes_or_no) == 1;
+  const std::uint32_t master = switched ? choose.pick(table.master.prompt, 2) : 0;
+  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2) == 1;
   const std::size_t index = modify ? pick_rule(choose, table) : find_free_slot(choose, table);
-  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", yes_or_no) == 0;
+  const bool remove = modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", 2) == 0;
   if (choose.ended()) {
     return;
   }
 
   Dialogue ask(Dialogue::refuse_by_kind, modify ? Dialogue::Record::stored : Dialogue::Record::added);
   if (switched) {
-    ask.write(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
+    ask.note(shell::segment().*table.master.field, static_cast<std::uint8_t>(master));
   }
   if (remove) {
-    ask.write(table.enable(index), config::free_slot);
+    ask.note(table.enable_byte(index), config::free_slot);
   } else {
     if (modify) {
       shell::show_message(shell::Message::keep_with_enter);
     }
-    ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable(index), "01",
+    ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable_byte(index), "01",
                {.empty_is_zero = true});
-    table.ask(ask, index);
+    table.ask_rule(ask, index);
   }
   if (ask.commit()) {
     table.save_and_apply();
@@ -97,12 +106,13 @@ void configure_rules(const RuleTable& table) {
 
 // ---- What several tables show and ask ----
 
-void show_switch(const char* label, std::uint8_t value) {
+void show_switch_setting(const char* label, std::uint8_t value) {
   shell::print("%s:<%s>\n", label, value != 0 ? "Enable" : "Disable");
 }
 
 const char* protocol_name(std::uint8_t protocol) {
   static constexpr char names[][5] = {"TCP ", "UDP ", "BOTH", "ICMP", "ALL "};
+  static_assert(std::size(names) == all_protocols + 1);
   return protocol < std::size(names) ? names[protocol] : "    ";
 }
 

@@ -1,4 +1,4 @@
-// Rule tables: arrays of 32 records in the segment, each record with its enable byte first. Records never
+// Rule tables: arrays of records in the segment, each record with its enable byte first. Records never
 // move; a record whose enable byte is config::free_slot is free.
 //
 // Listing and editing are the same for all tables: list, master switch where there is one, Add or Modify,
@@ -8,14 +8,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <tuple>
+#include <type_traits>
 
 #include "config/segment.h"
 #include "shell/dialogue.h"
 #include "shell/session.h"
 
 namespace menus::advanced {
-
-constexpr int rule_count = 32;
 
 // How most tables end: save, then restart the packet filter and NAT.
 void save_and_restart_filter();
@@ -35,10 +35,11 @@ struct RuleTable {
   MasterSwitch master = {};
   void (*save_and_apply)() = save_and_restart_filter;
 
-  // Filled in by rule_table(), each about the rule with this index.
-  std::uint8_t& (*enable)(std::size_t index) = nullptr;
-  void (*show)(std::size_t index) = nullptr;
-  void (*ask)(shell::Dialogue& ask, std::size_t index) = nullptr;
+  // Filled in by rule_table(): how many rules there are, and what is about the one with this index.
+  std::size_t count = 0;
+  std::uint8_t& (*enable_byte)(std::size_t index) = nullptr;
+  void (*show_rule)(std::size_t index) = nullptr;
+  void (*ask_rule)(shell::Dialogue& ask, std::size_t index) = nullptr;
 };
 
 // Joins a table of the segment with what shows one of its records and what asks for it.
@@ -47,18 +48,21 @@ struct RuleTable {
 //   record.
 template <auto table, auto show_rule, auto ask_rule>
 consteval RuleTable rule_table(RuleTable parts) {
-  parts.enable = [](std::size_t index) -> std::uint8_t& { return (shell::segment().*table)[index].enable; };
-  parts.show = [](std::size_t index) { show_rule((shell::segment().*table)[index]); };
-  parts.ask = [](shell::Dialogue& ask, std::size_t index) {
+  using Table = std::remove_cvref_t<decltype(shell::segment().*table)>;
+  parts.count = std::tuple_size_v<Table>;
+  parts.enable_byte = [](std::size_t index) -> std::uint8_t& {
+    return (shell::segment().*table)[index].enable;
+  };
+  parts.show_rule = [](std::size_t index) { show_rule((shell::segment().*table)[index]); };
+  parts.ask_rule = [](shell::Dialogue& ask, std::size_t index) {
     ask_rule(ask, (shell::segment().*table)[index]);
   };
   return parts;
 }
 
-constexpr int all_rules = -1;
-
-// Lists all_rules, or the one with an index of 0 to 31 under the same header.
-void show_rules(const RuleTable& table, int index);
+// The list of all rules, or of one under the same header.
+void show_rules(const RuleTable& table);
+void show_rule(const RuleTable& table, std::size_t index);
 
 // The dialogue in which the rules of a table are added, edited and deleted.
 void configure_rules(const RuleTable& table);
@@ -66,9 +70,11 @@ void configure_rules(const RuleTable& table);
 // ---- What several tables show and ask ----
 
 // "LABEL:<Enable>" or "LABEL:<Disable>", and the end of the line.
-void show_switch(const char* label, std::uint8_t value);
+void show_switch_setting(const char* label, std::uint8_t value);
 
-// Four characters; blanks for a number outside the table.
+enum Protocol : std::uint8_t { tcp, udp, both, icmp, all_protocols };
+
+// Four characters; blanks for a number that is none of them.
 const char* protocol_name(std::uint8_t protocol);
 
 // Each octet right-aligned in three columns.

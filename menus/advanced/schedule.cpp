@@ -10,7 +10,7 @@ constexpr config::Schedule always{0, 0, 0, 0, 0, build_week_mask(0, 0)};
 
 constexpr shell::Range hours{0, 23};
 constexpr shell::Range minutes{0, 55, 5};
-constexpr shell::Range weekdays{0, 6};
+constexpr shell::Range weekdays{0, days_of_week - 1};
 
 }  // namespace
 
@@ -47,7 +47,7 @@ void show_schedule(const config::Schedule& schedule) {
 
 void ask_schedule(shell::Dialogue& ask, config::Schedule& schedule) {
   if (ask.choice("Schedule?<%d>(0:Always, 1:By Schedule):", schedule.schedule_mode, "01") == 0) {
-    ask.write(schedule, always);
+    ask.note(schedule, always);
     return;
   }
   ask.number("Start Time Hour?<%d>(0~23):", schedule.start_hour, hours);
@@ -59,7 +59,7 @@ void ask_schedule(shell::Dialogue& ask, config::Schedule& schedule) {
       "Start Day?<%d>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):", days.start_day, weekdays);
   const auto end =
       ask.number_of("End Day?<%d>(0:Sun, 1:Mon, 2:Tue, 3:Wed, 4:Thu, 5:Fri, 6:Sat):", days.end_day, weekdays);
-  ask.write(schedule.week_mask, build_week_mask(start, end));
+  ask.note(schedule.week_mask, build_week_mask(start, end));
 }
 
 }  // namespace menus::advanced

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <tuple>
 
 #include "config/segment.h"
 #include "shell/dialogue.h"
@@ -11,11 +12,11 @@ namespace menus::advanced {
 
 // One '0' or '1' per weekday, Sunday first, as the segment holds it.
 using WeekMask = decltype(config::Schedule::week_mask);
-constexpr std::uint32_t days_of_week = 7;
+constexpr std::uint32_t days_of_week = std::tuple_size_v<WeekMask>;
 
 // 0 Sunday to 6 Saturday.
 struct DayRun {
-  static constexpr std::uint8_t no_day = 7;
+  static constexpr std::uint8_t no_day = days_of_week;
   std::uint8_t start_day;
   std::uint8_t end_day;
 };

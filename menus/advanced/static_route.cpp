@@ -23,7 +23,7 @@ void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {
   const std::uint8_t type = ask.choice("Type?<%d>(0:Net, 1:Host):", route.route_type, "01");
   ask_address(ask, "Target?<%u.%u.%u.%u>:", route.route_target);
   if (ask.adding() && type == host) {
-    ask.write(route.route_netmask, host_netmask);
+    ask.note(route.route_netmask, host_netmask);
   } else {
     // A stored route's mask is asked for whatever its type: a net that becomes a host keeps what is left
     // here.

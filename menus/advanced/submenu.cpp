@@ -6,7 +6,7 @@ namespace menus::advanced {
 
 const shell::Submenu submenu = {
     "Advanced Network Setting",
-    {{
+    {
         {"NAT Setting", nat_setting},
         {"Virtual Server Setting", rule_setting<virtual_servers>},
         {"Application Setting", rule_setting<special_applications>},
@@ -18,7 +18,7 @@ const shell::Submenu submenu = {
         {"Domain Filter", rule_setting<domain_filters>},
         {"Firewall Setting", rule_setting<firewall_rules>},
         {"Rule Summary", rule_summary},
-    }},
+    },
 };
 
 }  // namespace menus::advanced

@@ -34,7 +34,7 @@ struct LeaseTime {
   char label[8];
 };
 
-constexpr std::array<LeaseTime, 7> lease_times = {{
+constexpr auto lease_times = std::to_array<LeaseTime>({
     {3600, "1 Hour"},
     {7200, "2 Hours"},
     {10800, "3 Hours"},
@@ -42,7 +42,7 @@ constexpr std::array<LeaseTime, 7> lease_times = {{
     {172800, "2 Days"},
     {259200, "3 Days"},
     {604800, "1 Week"},
-}};
+});
 
 // lease_times.size() when another program has stored a time that is not in the table.
 std::size_t lease_index(std::uint32_t seconds) {
@@ -86,8 +86,8 @@ void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
   const std::size_t current = lease_index(lease_time);
   const std::uint32_t chosen =
       ask.named_choice("DHCP IP Lease Time?<%s>:", lease_label(current), static_cast<std::uint32_t>(current),
-                       "0123456", {.judge_kept = true});
-  ask.write(lease_time, lease_times[chosen].seconds);
+                       shell::OneOf::first(lease_times.size()), {.judge_kept = true});
+  ask.note(lease_time, lease_times[chosen].seconds);
 }
 
 void dhcp_server_setting() {
@@ -106,7 +106,7 @@ void dhcp_server_setting() {
     ask.refuse(Message::ip_range);
   }
   ask_lease_time(ask, dhcp.dhcp_lease_time);
-  ask.write_before(dhcp.dhcp_start_ip, dhcp.dhcp_lease_time);
+  ask.note_in_order(dhcp.dhcp_lease_time, dhcp.dhcp_start_ip);
   if (ask.commit()) {
     apply_dhcp();
   }
@@ -150,7 +150,7 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   } else {
     ask.text("Description?<%s>:", client.description);
   }
-  ask.write_before(client.ip, client.mac);
+  ask.note_in_order(client.mac, client.ip);
   if (ask.commit()) {
     apply_dhcp();
   }
@@ -172,7 +172,7 @@ void add_client() {
 void modify_client() {
   auto& table = shell::segment().dhcp.static_dhcp_table;
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::size_t index = ask.pick("What item do you want to configure? (0-31):", {0, 31});
+  const std::size_t index = ask.pick("What item do you want to configure? (0-%d):", table.size());
   StaticDhcpClient& client = table[index];
   if (client.enable == config::free_slot) {
     ask.refuse(Message::wrong_choice);
@@ -181,7 +181,7 @@ void modify_client() {
     return;
   }
   show_static_dhcp(index);
-  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", {0, 1}, {.rest_ignored = true});
+  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", 2, {.rest_ignored = true});
   if (ask.ended()) {
     return;
   }
@@ -197,7 +197,7 @@ void modify_client() {
 void static_client_setting() {
   show_static_dhcp();
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", {0, 1});
+  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2);
   if (ask.ended()) {
     return;
   }
@@ -212,8 +212,8 @@ void static_client_setting() {
 
 void dhcp_setting() {
   Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t clients = ask.pick_digit(
-      "What item do you want to configure? (0:DHCP SERVER Setting, 1:Static DHCP Client):", "01");
+  const std::uint32_t clients =
+      ask.pick_digit("What item do you want to configure? (0:DHCP SERVER Setting, 1:Static DHCP Client):", 2);
   if (ask.ended()) {
     return;
   }

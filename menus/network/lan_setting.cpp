@@ -54,10 +54,10 @@ void lan_setting() {
   const Ipv4 ip = ask.address("Lan IP<%u.%u.%u.%u>:", lan.lan_ip, {.refusal = &bad_ip, .judge_kept = true});
   const Ipv4 netmask =
       ask.netmask("Lan MASK<%u.%u.%u.%u>:", lan.lan_netmask, {.refusal = &bad_netmask, .judge_kept = true});
-  ask.write(lan.lan_broadcast, (ip & netmask) | ~netmask);
+  ask.note(lan.lan_broadcast, (ip & netmask) | ~netmask);
   ask.choice("DNS PROXY Enable?<%d>(0:disable,1:enable):", lan.dns_proxy_enable, "0123456789",
              {.refusal = &bad_dns_proxy});
-  ask.write_before(lan.lan_ip, lan.lan_netmask);
+  ask.note_in_order(lan.lan_netmask, lan.lan_ip);
   if (!ask.commit()) {
     return;
   }

@@ -24,15 +24,15 @@ enum class DnsMode : std::uint8_t { manual, asked };
 // Automatic DNS leaves the stored servers as they are.
 void dns_setting(Dialogue& ask, DnsMode mode) {
   WanSettings& wan = shell::segment().wan;
-  ask.write_ahead();
+  ask.note_ahead();
   const std::uint8_t chosen =
       mode == DnsMode::asked
           ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01", {.refusal = &wrong_choice})
-          : ask.write(wan.dns_mode, std::uint8_t{0});
+          : ask.note(wan.dns_mode, std::uint8_t{0});
   if (chosen == 0) {
     ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
     ask.address("Secondary DNS IP<%u.%u.%u.%u>:", wan.secondary_dns);
-    ask.write_before(wan.primary_dns, wan.secondary_dns);
+    ask.note_in_order(wan.secondary_dns, wan.primary_dns);
   }
 }
 
@@ -58,9 +58,9 @@ void ask_dialling(Dialogue& ask, std::uint8_t& connect_type, std::int32_t& max_i
 
 void ask_static_ip(Dialogue& ask, WanSettings& wan) {
   ask_ethernet_mtu(ask, wan.static_mtu);
-  ask.write(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
-                                                     wan.static_netmask, wan.static_gateway));
-  ask.write_before(wan.static_mtu, wan.static_gateway, wan.static_ip);
+  ask.note(wan.static_broadcast, ask_static_address(ask, "IP?<%u.%u.%u.%u>:", wan.static_ip,
+                                                    wan.static_netmask, wan.static_gateway));
+  ask.note_in_order(wan.static_gateway, wan.static_ip, wan.static_mtu);
   dns_setting(ask, DnsMode::manual);
 }
 
@@ -77,82 +77,50 @@ void ask_pppoe(Dialogue& ask, WanSettings& wan) {
   if (ask.choice("PPPoE Type?<%d>(0:Dynamic,1:Static):", wan.pppoe_type, "0123456789") == 1) {
     ask.address("Static PPPoE IP?<%u.%u.%u.%u>:", wan.pppoe_static_ip);
   } else {
-    ask.clear(wan.pppoe_static_ip);
+    ask.note_zero(wan.pppoe_static_ip);
   }
   ask_dialling(ask, wan.pppoe_connect_type, wan.pppoe_max_idle_time);
 }
 
-// PPTP and L2TP ask the same of other fields.
-struct Tunnel {
-  Prompt<Shows::number> type_prompt;
-  Prompt<Shows::text> server_prompt;
-  Prompt<Shows::text> account_prompt;
-  Prompt<Shows::text> password_prompt;
-  std::int32_t& mtu;
-  std::uint8_t& type;
-  Ipv4& static_ip;
-  Ipv4& netmask;
-  Ipv4& gateway;
-  config::Text<128>& server;
-  config::Text<128>& account;
-  config::Text<128>& password;
-  std::uint8_t& connect_type;
-  std::int32_t& max_idle_time;
+struct TunnelPrompts {
+  Prompt<Shows::number> type;
+  Prompt<Shows::text> server;
+  Prompt<Shows::text> account;
+  Prompt<Shows::text> password;
 };
 
-void ask_tunnel(Dialogue& ask, const Tunnel& tunnel) {
-  ask.number("MTU?<%d>(range 512~1400):", tunnel.mtu, {512, 1400});
-  if (ask.number(tunnel.type_prompt, tunnel.type, {0, 1}) == 1) {
+void ask_tunnel(Dialogue& ask, const TunnelPrompts& prompts, std::int32_t& mtu,
+                config::TunnelSettings& tunnel) {
+  ask.number("MTU?<%d>(range 512~1400):", mtu, {512, 1400});
+  if (ask.number(prompts.type, tunnel.type, {0, 1}) == 1) {
     ask_static_address(ask, "Static IP?<%u.%u.%u.%u>:", tunnel.static_ip, tunnel.netmask, tunnel.gateway);
   } else {
-    ask.clear(tunnel.static_ip);
-    ask.clear(tunnel.netmask);
-    ask.clear(tunnel.gateway);
+    ask.note_zero(tunnel.static_ip, tunnel.netmask, tunnel.gateway);
   }
-  ask.text(tunnel.server_prompt, tunnel.server);
-  ask.text(tunnel.account_prompt, tunnel.account);
-  ask.text(tunnel.password_prompt, tunnel.password);
+  ask.text(prompts.server, tunnel.server);
+  ask.text(prompts.account, tunnel.account);
+  ask.text(prompts.password, tunnel.password);
   ask_dialling(ask, tunnel.connect_type, tunnel.max_idle_time);
 }
 
 void ask_pptp(Dialogue& ask, WanSettings& wan) {
-  const Tunnel pptp = {
+  static constexpr TunnelPrompts prompts = {
       "PPTP Type?<%d>(0:Dynamic IP,1:Static IP):",
       "PPTP Server IP or domain Name?<%s>(MAX Character:127):",
       "PPTP Account?<%s>(MAX Character:127):",
       "PPTP Password?<%s>(MAX Character:127):",
-      wan.pptp_mtu,
-      wan.pptp_type,
-      wan.pptp_static_ip,
-      wan.pptp_netmask,
-      wan.pptp_gateway,
-      wan.pptp_server,
-      wan.pptp_account,
-      wan.pptp_password,
-      wan.pptp_connect_type,
-      wan.pptp_max_idle_time,
   };
-  ask_tunnel(ask, pptp);
+  ask_tunnel(ask, prompts, wan.pptp_mtu, wan.pptp);
 }
 
 void ask_l2tp(Dialogue& ask, WanSettings& wan) {
-  const Tunnel l2tp = {
+  static constexpr TunnelPrompts prompts = {
       "L2TP Type?<%d>(0:Dynamic IP,1:Static IP):",
       "L2TP Server IP or domain Name?<%s>(MAX Character:127):",
       "L2TP Account?<%s>(MAX Character:127):",
       "L2TP Password?<%s>(MAX Character:127):",
-      wan.l2tp_mtu,
-      wan.l2tp_type,
-      wan.l2tp_static_ip,
-      wan.l2tp_netmask,
-      wan.l2tp_gateway,
-      wan.l2tp_server,
-      wan.l2tp_account,
-      wan.l2tp_password,
-      wan.l2tp_connect_type,
-      wan.l2tp_max_idle_time,
   };
-  ask_tunnel(ask, l2tp);
+  ask_tunnel(ask, prompts, wan.l2tp_mtu, wan.l2tp);
 }
 
 void ask_bigpond(Dialogue& ask, WanSettings& wan) {
@@ -175,17 +143,17 @@ void wan_setting() {
   constexpr shell::TextRule name{.unfit = shell::TextRule::Unfit::keeps_the_old};
   Dialogue ask(Dialogue::refuse_as_illegal);
   const std::uint8_t type =
-      ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type, "012345",
-                 {.refusal = &wrong_choice});
+      ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type,
+                 shell::OneOf::first(std::size(ask_type)), {.refusal = &wrong_choice});
   ask.text("Host Name?<%s>(MAX Character:127):", wan.host_name, name);
   ask.text("domain Name?<%s>(MAX Character:127):", wan.domain_name, name);
   if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {
     ask.mac("Set MAC<%02x:%02x:%02x:%02x:%02x:%02x>:", wan.wan_mac);
   } else {
-    ask.clear(wan.wan_mac);
+    ask.note_zero(wan.wan_mac);
   }
   ask.choice("Ping form WAN?<%d>(0:Disable,1:Enable):", wan.wan_ping_enable, "01");
-  ask.write_ahead();
+  ask.note_ahead();
   // A kept type that is none of the six has nothing more to ask.
   if (type < std::size(ask_type)) {
     ask_type[type](ask, wan);

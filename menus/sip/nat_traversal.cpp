@@ -12,11 +12,11 @@ void nat_traversal() {
 
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   if (ask.choice("STUN Enable?<%d>(0:Disable,1:Enable):", nat.stun_enable, "01") == 0) {
-    ask.clear(nat.stun_server);
+    ask.note_zero(nat.stun_server);
     ask.choice("UPNP Enable?<%d>(0:Disable,1:Enable):", nat.sip_upnp_enable, "01");
   } else {
     ask.text("STUN Server IP/URL?<%s>:", nat.stun_server, {.unfit = shell::TextRule::Unfit::leaves_empty});
-    ask.clear(nat.sip_upnp_enable);
+    ask.note_zero(nat.sip_upnp_enable);
   }
 
   if (ask.commit()) {

@@ -25,7 +25,11 @@ struct CallRecord {
   config::Text<4> phone;  // the telephone port, from 0
 };
 
+// As the daemon sends them: all but the sequence.
+constexpr int fields_of_record = 8;
+
 std::array<CallRecord, 100> call_records;
+static_assert(call_records.size() < 1000, "the sequence has three digits");
 
 struct Reason {
   char code[5];
@@ -109,9 +113,9 @@ void receive_call_log(int daemon) {
   int sequence = 0;
   for (CallRecord& record : call_records) {
     // One field more than a record has, to notice a record with too many.
-    std::array<const char*, 9> fields;
+    std::array<const char*, fields_of_record + 1> fields;
     if (++sequence > announced || voice_daemon_receive(daemon, reply) < 0 ||
-        split_fields(reply.data(), "|", fields) != 8) {
+        split_fields(reply.data(), "|", fields) != fields_of_record) {
       return;
     }
     std::snprintf(record.sequence.bytes.data(), record.sequence.bytes.size(), "%d", sequence);

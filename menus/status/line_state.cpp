@@ -1,7 +1,10 @@
 // The two phones and accounts as the voice daemon sees them, and its RTP packet counters.
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <iterator>
+#include <span>
+#include <tuple>
 
 #include "menus/status/items.h"
 #include "menus/status/voice_daemon.h"
@@ -10,52 +13,55 @@
 namespace menus::status {
 namespace {
 
-// A counter is asked for by phone and channel, both from 0; first the totals, then the current counts.
-constexpr std::size_t current = 12;
-constexpr std::size_t states = 24;
-constexpr char queries[][27] = {
-    "get rtpstattotalsend 0 0",
-    "get rtpstattotalrecv 0 0",
-    "get rtpstattotallost 0 0",
-    "get rtpstattotalsend 0 1",
-    "get rtpstattotalrecv 0 1",
-    "get rtpstattotallost 0 1",
-    "get rtpstattotalsend 1 0",
-    "get rtpstattotalrecv 1 0",
-    "get rtpstattotallost 1 0",
-    "get rtpstattotalsend 1 1",
-    "get rtpstattotalrecv 1 1",
-    "get rtpstattotallost 1 1",
-    "get rtpstatcurrentsend 0 0",
-    "get rtpstatcurrentrecv 0 0",
-    "get rtpstatcurrentlost 0 0",
-    "get rtpstatcurrentsend 0 1",
-    "get rtpstatcurrentrecv 0 1",
-    "get rtpstatcurrentlost 0 1",
-    "get rtpstatcurrentsend 1 0",
-    "get rtpstatcurrentrecv 1 0",
-    "get rtpstatcurrentlost 1 0",
-    "get rtpstatcurrentsend 1 1",
-    "get rtpstatcurrentrecv 1 1",
-    "get rtpstatcurrentlost 1 1",
-    "get epstate 0",
-    "get epstate 1",
-    "get epregstate 0",
-    "get epregstate 1",
-};
+constexpr const char* periods[] = {"total", "current"};
+constexpr const char* counters[] = {"send", "recv", "lost"};
+constexpr int phones = 2;
+constexpr int channels = 2;  // of each phone
 
-using Fields = std::array<const char*, 2 * std::size(queries)>;
+// Where in the answer the counters of a period begin, and where the states do.
+constexpr std::size_t period_length = phones * channels * std::size(counters);
+constexpr std::size_t first_state = std::size(periods) * period_length;
+constexpr std::size_t states = 2 * phones;  // of the phones, then of their accounts
 
-const char* state(const Fields& fields, std::size_t number) {
-  const char* const text = fields[states + number];
-  return text != nullptr ? text : "";
+using Query = std::array<char, sizeof "get rtpstatcurrentsend 0 0">;
+using Queries = std::array<Query, first_state + states>;
+// The answer has a line for each query, in the same order.
+using Fields = std::array<const char*, std::tuple_size_v<Queries>>;
+
+void write_queries(Queries& queries) {
+  auto* query = queries.begin();
+  for (const char* const period : periods) {
+    for (int i = 0; i < phones * channels; ++i) {
+      for (const char* const counter : counters) {
+        std::snprintf(query->data(), query->size(), "get rtpstat%s%s %d %d", period, counter, i / channels,
+                      i % channels);
+        ++query;
+      }
+    }
+  }
+  for (const char* const state : {"epstate", "epregstate"}) {
+    for (int phone = 0; phone < phones; ++phone) {
+      std::snprintf(query->data(), query->size(), "get %s %d", state, phone);
+      ++query;
+    }
+  }
 }
 
-// A row of the packet table, from the counter at `sent` on.
-void show_counters(const char* phone_and_channel, const Fields& fields, std::size_t sent) {
+void show_states(std::span<const char* const> fields) {
+  const char* separator = "";
+  for (const char* const state : fields) {
+    shell::print("%s%-19.19s", separator, state != nullptr ? state : "");
+    separator = "|";
+  }
+  shell::put("\n");
+}
+
+// A row of the packet table: what is sent, received and lost in total, each beside the current count.
+void show_counters(const char* phone_and_channel, const Fields& fields, std::size_t row) {
   shell::put(phone_and_channel);
-  for (std::size_t counter = sent; counter < sent + 3; ++counter) {
-    shell::print("|%9d|%9d", field_number(fields[counter]), field_number(fields[current + counter]));
+  const char* const* total = &fields[row * std::size(counters)];
+  for (std::size_t i = 0; i < std::size(counters); ++i, ++total) {
+    shell::print("|%9d|%9d", field_number(*total), field_number(total[period_length]));
   }
   shell::put("\n");
 }
@@ -64,8 +70,11 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
 
 void line_state() {
   shell::flush_output();
-  std::array<const char*, std::size(queries)> commands;
-  std::copy(std::begin(queries), std::end(queries), commands.begin());
+  Queries queries;
+  write_queries(queries);
+  std::array<const char*, std::tuple_size_v<Queries>> commands;
+  std::transform(queries.begin(), queries.end(), commands.begin(),
+                 [](const Query& query) { return query.data(); });
   Fields fields;
   if (voice_daemon_query(commands, fields) < 0) {
     return;
@@ -74,8 +83,7 @@ void line_state() {
       "\n"
       "Phone 1            |Phone 2            |Account 1          |Account 2\n"
       "-------------------+-------------------+-------------------+------------------\n");
-  shell::print("%-19.19s|%-19.19s|%-19.19s|%-19.19s\n", state(fields, 0), state(fields, 1), state(fields, 2),
-               state(fields, 3));
+  show_states(std::span(fields).subspan(first_state));
   constexpr const char* separator =
       "-----+-------+---------+---------+---------+---------+---------+--------------\n";
   shell::put(
@@ -84,10 +92,10 @@ void line_state() {
       "Phone|Channel|    Total|  Current|    Total|  Current|    Total|  Current\n");
   shell::put(separator);
   show_counters("  1  |   0   ", fields, 0);
-  show_counters("     |   1   ", fields, 3);
+  show_counters("     |   1   ", fields, 1);
   shell::put(separator);
-  show_counters("  2  |   0   ", fields, 6);
-  show_counters("     |   1   ", fields, 9);
+  show_counters("  2  |   0   ", fields, 2);
+  show_counters("     |   1   ", fields, 3);
   shell::put("\n");
 }
 

@@ -60,7 +60,7 @@ void select_time_zone() {
                  time_zones[i + 1]);
   }
   shell::print("%1d-%-36s \n", static_cast<int>(last), time_zones[last]);
-  shell::put("Select Time Zone (0-24): ");
+  shell::print("Select Time Zone (0-%zu): ", last);
   const bool answered = shell::read_line() != 0;
   const auto number = shell::whole_number(shell::line_text());
   if (answered && number && *number <= last) {

@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "config/firmware.h"
 #include "config/values.h"
 #include "menus/tools/items.h"
 #include "platform/line_reader.h"
@@ -15,9 +16,6 @@
 
 namespace menus::tools {
 namespace {
-
-constexpr const char* factory_defaults = "/opt/webctrl/meta/metafile.dat.default";
-constexpr const char* settings_partition = "/dev/mtdblock/5";
 
 void ping_host() {
   shell::put("PING Destination : ");
@@ -66,9 +64,9 @@ bool copy_lines(int defaults, const char* path) {
     return reader.error() != 0 ? report_failure(path, reader.error())
                                : report_failure(path, "There are no settings in it");
   }
-  const int partition = platform::open_for_writing(settings_partition);
+  const int partition = platform::open_for_writing(config::settings_partition);
   if (partition < 0) {
-    return report_failure(settings_partition, partition);
+    return report_failure(config::settings_partition, partition);
   }
   int write_error = 0;
   for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
@@ -76,7 +74,7 @@ bool copy_lines(int defaults, const char* path) {
   }
   const int close_error = platform::close_file(partition);
   if (write_error != 0 || close_error != 0) {
-    return report_failure(settings_partition, write_error != 0 ? write_error : close_error);
+    return report_failure(config::settings_partition, write_error != 0 ? write_error : close_error);
   }
   return reader.error() == 0 || report_failure(path, reader.error());
 }
@@ -98,7 +96,7 @@ void factory_reset() {
   shell::put("Factory Default Setting:\n");
   shell::put("Set defice configuration to Factory default setting? <yes>/<NO>");
   shell::read_line();
-  if (!shell::typed_text().starts_with("yes") || !copy_factory_defaults(factory_defaults)) {
+  if (!shell::typed_text().starts_with("yes") || !copy_factory_defaults(config::factory_defaults)) {
     return;
   }
   shell::put("System reboot ...\n");

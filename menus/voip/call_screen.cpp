@@ -1,5 +1,7 @@
 // Call screening: for each telephone port a list of incoming and one of outgoing numbers, ten to a list.
 #include <algorithm>
+#include <iterator>
+#include <tuple>
 
 #include "menus/voip/action_menu.h"
 #include "menus/voip/items.h"
@@ -18,27 +20,40 @@ bool in_use(const CallScreenEntry& entry) {
   return entry.screen_list != config::free_slot;
 }
 
+// Any digit is a type; the prompt names two of them.
+constexpr std::size_t screen_types = 10;
+
+constexpr std::string_view titles[] = {
+    "\n\nPhone1 Incoming List\n",
+    "\n\nPhone1 Outgoing List\n",
+    "\n\nPhone2 Incoming List\n",
+    "\n\nPhone2 Outgoing List\n",
+};
+static_assert(std::size(titles) == std::tuple_size_v<decltype(config::ConfigurationSegment::call_screen)>);
+
+// Its prompt names the same lists.
 std::uint32_t pick_list(Dialogue& ask, shell::Option option = {}) {
   return ask.pick("Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:",
-                  {0, 3}, option);
+                  std::size(titles), option);
 }
 
 CallScreenEntry& pick_entry(Dialogue& ask, shell::Option option = {}) {
   auto& list = shell::segment().call_screen[pick_list(ask)];
-  return list[ask.pick("Phone Number List No:", {0, 9}, option)];
+  return list[ask.pick("Phone Number List No:", list.size(), option)];
 }
 
 void ask_number(Dialogue& ask, CallScreenEntry& answers) {
   ask.text("input Phone Number:", answers.screen_number, {.max = longest_phone_number, .digits_only = true});
 }
 
-// The answers go to a record of their own: which entry is free is seen after the last question.
+// The answers go to a record of their own: which entry is free is decided after the last question.
 void call_screen_add() {
   CallScreenEntry answers{};
   Dialogue ask(Dialogue::ask_again, Dialogue::Record::added);
   const auto list_number = pick_list(ask);
-  ask.write(answers.screen_list, static_cast<std::uint8_t>(list_number));
-  ask.write(answers.screen_type, static_cast<std::uint8_t>(ask.pick("input type(0: in, 1:out):", {0, 9})));
+  ask.note(answers.screen_list, static_cast<std::uint8_t>(list_number));
+  ask.note(answers.screen_type,
+           static_cast<std::uint8_t>(ask.pick("input type(0: in, 1:out):", screen_types)));
   ask_number(ask, answers);
   if (!ask.commit()) {
     return;
@@ -55,7 +70,7 @@ void call_screen_add() {
 void call_screen_delete() {
   Dialogue ask(Dialogue::ask_again);
   CallScreenEntry& entry = pick_entry(ask, {.no_empty_line = true});
-  ask.write(entry.screen_list, config::free_slot);
+  ask.note(entry.screen_list, config::free_slot);
   if (ask.commit()) {
     shell::save_and_signal_voice_daemon();
   }
@@ -75,12 +90,6 @@ void call_screen_modify() {
 }
 
 void call_screen_list() {
-  constexpr std::string_view titles[] = {
-      "\n\nPhone1 Incoming List\n",
-      "\n\nPhone1 Outgoing List\n",
-      "\n\nPhone2 Incoming List\n",
-      "\n\nPhone2 Outgoing List\n",
-  };
   constexpr std::string_view rule = "--------------------------------\n";
   Dialogue ask(Dialogue::ask_again);
   const auto list_number = pick_list(ask, {.empty_is_zero = true, .no_empty_line = true});

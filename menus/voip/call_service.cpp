@@ -9,7 +9,7 @@
 namespace menus::voip {
 namespace {
 
-void ask_phone(shell::Dialogue& ask, int number, config::PhoneCallService& phone) {
+void ask_phone(shell::Dialogue& ask, std::size_t number, config::PhoneCallService& phone) {
   constexpr shell::TextRule as_typed = {.with_line_feed = true};
   ask.about(number);
   ask.number(
@@ -55,7 +55,7 @@ void call_service() {
   }
   ask.number("Call Service  Repeat Timeout?<%d>(1~300):", service.call_repeat_timeout, {1, 300});
   for (std::size_t i = 0; i < service.phone_call_service.size(); ++i) {
-    ask_phone(ask, static_cast<int>(i), service.phone_call_service[i]);
+    ask_phone(ask, i, service.phone_call_service[i]);
   }
 
   if (ask.commit()) {

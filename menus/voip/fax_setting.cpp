@@ -11,7 +11,7 @@ void fax_setting() {
 
   shell::Dialogue ask(shell::Dialogue::ask_again);
   for (std::size_t i = 0; i < ports.size(); ++i) {
-    ask.about(static_cast<int>(i));
+    ask.about(i);
     ask.number(
         "FAX Setting Phone %d T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n"
         "3:VOICE_AND_FAX_PASS_THROUGH\nT.38 Option?<%d>:",

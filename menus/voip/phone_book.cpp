@@ -18,7 +18,8 @@ bool in_use(const PhoneBookEntry& entry) {
 }
 
 PhoneBookEntry& pick_entry(shell::Dialogue& ask) {
-  return shell::segment().phone_book[ask.pick("No=?(0-49):", {0, 49})];
+  auto& book = shell::segment().phone_book;
+  return book[ask.pick("No=?(0-%d):", book.size())];
 }
 
 // Whoever had the entry's new key loses it, a free entry as well, before this one has it.
@@ -32,7 +33,7 @@ void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key
     return;
   }
   for (PhoneBookEntry& other : shell::segment().phone_book) {
-    if (&other != &entry && other.dial_key == key) {
+    if (other.dial_key == key) {
       other.dial_key = PhoneBookEntry::no_dial_key;
     }
   }
@@ -54,7 +55,7 @@ void phone_book_add() {
 void phone_book_delete() {
   shell::Dialogue ask(shell::Dialogue::ask_again);
   PhoneBookEntry& entry = pick_entry(ask);
-  ask.clear(entry.phone_number.bytes[0], entry.note.bytes[0]);
+  ask.note_zero(entry.phone_number.bytes[0], entry.note.bytes[0]);
   if (ask.commit()) {
     shell::save_and_signal_voice_daemon();
   }

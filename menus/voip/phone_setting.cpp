@@ -9,7 +9,7 @@ namespace menus::voip {
 namespace {
 
 // The lower bound of the hook flash may lie above the upper one.
-void ask_port(shell::Dialogue& ask, int number, config::PhonePort& port) {
+void ask_port(shell::Dialogue& ask, std::size_t number, config::PhonePort& port) {
   ask.about(number);
   ask.choice(
       "Phone %d Setting ring_impedance?\n1:600 ohm\n2:900 ohm\n3:Japan (600 ohm + 1uF)\n4:900 ohm + 2.16uF\n"
@@ -50,7 +50,7 @@ void phone_setting() {
       "callerid_t2_alertsig?<%d>:",
       phone.callerid_t2_alertsig, "01234");
   for (std::size_t i = 0; i < phone.phone_port.size(); ++i) {
-    ask_port(ask, static_cast<int>(i), phone.phone_port[i]);
+    ask_port(ask, i, phone.phone_port[i]);
   }
 
   if (ask.commit()) {

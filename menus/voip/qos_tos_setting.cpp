@@ -7,18 +7,15 @@
 namespace menus::voip {
 
 void qos_tos_setting() {
-  constexpr std::uint8_t tos_values[] = {0, 2, 4, 8, 16};
+  constexpr shell::OneOf tos_values = {0, 2, 4, 8, 16};
   config::FaxQosSettings& qos = shell::segment().fax_qos;
 
   shell::Dialogue ask(shell::Dialogue::ask_again);
   ask.number("QOS TOS/Diffserv Setting type?<%d>(0:tos, 1:diffserve):", qos.qos_type, {0, 1});
-  // Both questions show the value twice.
-  ask.about(qos.sip_tos);
   ask.listed(
       "QOS TOS/Diffserv Setting sip_tos?<%d>\n 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n"
       " 8:Maximize-Throughput\n16:Minimize-Delay\nsip_tos?<%d>:",
       qos.sip_tos, tos_values);
-  ask.about(qos.rtp_tos);
   ask.listed(
       "QOS TOS/Diffserv Setting rtp_tos?<%d>\n: 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n"
       " 8:Maximize-Throughput\n16:Minimize-Delay\nrtp_tos?<%d>:",

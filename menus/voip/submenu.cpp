@@ -6,7 +6,7 @@ namespace menus::voip {
 
 const shell::Submenu submenu = {
     "VoIP Setting",
-    {{
+    {
         {"Voice Setting"},
         {"Call Service", call_service},
         {"Phone Setting", phone_setting},
@@ -16,7 +16,7 @@ const shell::Submenu submenu = {
         {"QOS/TOS Setting", qos_tos_setting},
         {"Phone Book Setting", phone_book},
         {"Call Screen", call_screen},
-    }},
+    },
 };
 
 }  // namespace menus::voip

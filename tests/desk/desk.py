@@ -3,12 +3,10 @@
 import os
 import pathlib
 import re
-import signal
 import subprocess
 import time
 
 import pexpect
-import psutil
 
 TREE = pathlib.Path(__file__).resolve().parents[2]
 # In seconds: what a machine may take that is busy with other things. Nothing waits longer than it has to.
@@ -33,18 +31,13 @@ def eventually(look, wanted):
     return seen
 
 
-def default_signals():
-    """In a child: whoever started us may ignore some, and Python does."""
-    for number in "HUP INT QUIT TERM PIPE CHLD TSTP".split():
-        signal.signal(getattr(signal, "SIG" + number), signal.SIG_DFL)
-
-
 class Terminal(pexpect.spawn):
     """A program on a terminal; in front of the console, somebody who reads a prompt before they type."""
 
-    def items(self):
-        """Those of the menu on the screen."""
-        return re.findall(r"^\d+:(.*)\r$", self.menu, re.M)
+    def log_in(self):
+        self.sendline("admin")
+        self.answer({"Password": "admin"})
+        return self
 
     def choose(self, item):
         number = re.search(rf"^(\w+):{re.escape(item)}\r$", self.menu, re.M)
@@ -64,8 +57,7 @@ class Terminal(pexpect.spawn):
             assert came == 0, f"{question or 'The end'!r} never came:\n{shown}"
             if question:
                 self.sendline(answer)
-        if until == MENU:
-            self.menu = self.after
+        self.menu = self.after
         return shown
 
     def visit(self, submenu, item, *answers, until=MENU):
@@ -83,76 +75,63 @@ class Terminal(pexpect.spawn):
 class Desk:
     def __init__(self, state, preset="release"):
         self.state = state
+        self.root = state / "root"
+        self.partition = self.root / "dev/mtdblock/5"
         self.environment = dict(os.environ, DESK_STATE=str(state), DESK_PRESET=preset, TERM="dumb")
-        self.partition = state / "root/dev/mtdblock/5"
         self.spawned = []
 
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        """Hangs all sessions up; the supervisor holds desk.lock to its end."""
+        for child in self.spawned:
+            child.close(force=True)
+        self.run("-w", str(PATIENCE), self.state / "desk.lock", "true", program="flock").check_returncode()
+
     def spawn(self, command, *arguments):
-        child = Terminal(command, list(arguments), env=self.environment, cwd=TREE, encoding="utf-8", timeout=PATIENCE,
-                         preexec_fn=default_signals)
+        child = Terminal(command, list(arguments), env=self.environment, cwd=TREE, encoding="utf-8", timeout=PATIENCE)
         child.delaybeforesend = None
         self.spawned.append(child)
         return child
 
-    def console(self):
-        """./run on a terminal, at its first prompt."""
-        child = self.spawn("./run")
+    def console(self, *command):
+        """./run on a terminal, or another command that opens a console, at its first prompt."""
+        child = self.spawn(*command or ["./run"])
         child.expect("Username:")
-        return child
-
-    def log_in(self, child=None):
-        """./run on a terminal, or another console there at its first prompt, at the main menu."""
-        child = child or self.console()
-        child.sendline("admin")
-        child.answer({"Password": "admin"})
         return child
 
     def run(self, *arguments, program="./run", text=""):
         """./run without a terminal, or another program, to its end."""
         return subprocess.run([program, *arguments], input=text, env=self.environment, cwd=TREE, capture_output=True,
-                              text=True, timeout=2 * PATIENCE, preexec_fn=default_signals)
+                              text=True, timeout=2 * PATIENCE)
 
-    def inside(self, *command):
-        """What a program of the device prints, while a session keeps it up."""
-        done = self.run(*command, program="desk/join")
+    def shell(self, command):
+        """What a command prints in the device, while a session keeps it up."""
+        done = self.run("/bin/sh", "-c", command, program="desk/join")
         assert done.returncode == 0, done.stderr
         return done.stdout
 
     def owns_network(self):
         return "chroot" not in (self.state / "up").read_text()
 
-    def address(self, interface):
-        """MAC address, as the line has it, IP address, broadcast address and netmask."""
-        shown = self.inside("/sbin/ifconfig", interface)
-        return re.search(r"HWaddr (.*)\n +inet addr:(\S+) +Bcast:(\S+) +Mask:(\S+)", shown).groups()
+    def lease(self, mac):
+        """What a DHCP client with this MAC address is told on the LAN."""
+        told = self.state / "told"
+        told.write_text('#!/bin/sh\n[ "$1" != bound ] || echo "$ip $subnet $router $dns $lease"\n')
+        told.chmod(0o755)
+        script = f"ip link set lan0 address {mac} && exec busybox udhcpc -i lan0 -fqn -t 30 -T 1 -s '{told}'"
+        return self.run("sh", "-c", script, program="desk/street").stdout
 
     def show(self, *names):
-        """Stored settings by name."""
-        shown = self.run("--show", *names)
-        assert shown.returncode == 0, shown.stderr
-        return dict(line.split("=", 1) for line in shown.stdout.splitlines())
+        """Stored settings, as name=value lines."""
+        return self.run("--show", *names).stdout
 
-    def log(self):
-        """The log of the device that is up, with all that it was told until now."""
-        mark = f"mark {time.monotonic_ns()}"
-        self.inside("/bin/logger", mark)
-        return eventually(lambda: self.run("--log").stdout, lambda log: mark in log)
+    def wait_for_log(self, told):
+        """The device's log, once it has this."""
+        return eventually(lambda: self.run("--log").stdout, lambda log: told in log)
 
     def store(self, text, partition="5"):
         """Puts a text into a flash partition, as another firmware or a fault might leave it."""
         self.partition.parent.mkdir(parents=True, exist_ok=True)
         self.partition.with_name(partition).write_text(text, "latin-1")
-
-    def processes(self):
-        """Those of the sessions, the device's, and its supervisor."""
-        device, *_ = (self.state / "up").read_text().split()
-        supervisor = psutil.Process(int(device)).parent()
-        parents = [supervisor, *(psutil.Process(child.pid) for child in self.spawned if child.isalive())]
-        return sum((parent.children(recursive=True) for parent in parents), parents)
-
-    def end(self):
-        """Hangs all sessions up; the supervisor holds desk.lock to its end."""
-        for child in self.spawned:
-            child.close(force=True)
-        if (self.state / "desk.lock").exists():
-            self.run("-w", str(PATIENCE), self.state / "desk.lock", "true", program="flock").check_returncode()

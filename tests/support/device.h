@@ -59,6 +59,7 @@ struct Device {
 
   // The settings as they were when they were last saved.
   std::optional<config::ConfigurationSegment> saved;
+  int saves = 0;
 
   // Calls that fail: "attach 1234", "open PATH", "write PATH", "udp socket", "start PATH", "output", ...
   std::set<std::string> failing;

@@ -54,6 +54,14 @@ TextKind text(std::size_t longest);
 TextKind line(std::size_t longest);  // stored with the line feed that ended it
 TextKind digits(std::size_t longest);
 
+// Which of them a field takes.
+template <typename Number>
+NumberKind taken_by(const Number& field);
+AddressKind taken_by(const config::Ipv4& field);
+MacKind taken_by(const config::Mac& field);
+template <std::size_t N>
+TextKind taken_by(const config::Text<N>& field);
+
 // ---- Questions ----
 
 enum class TooLong : std::uint8_t { is_refused, empties, keeps };
@@ -63,9 +71,10 @@ struct Departures {
   Accepted only = {};        // the one answer that leads to the next row; the field is never wild
   std::string refusal = {};  // in place of the dialogue's
   Strings also_refused = {};
-  TooLong too_long = {};  // what becomes of a text that is
-  bool required = false;  // Enter is refused as well
-  bool tame = false;      // the field is never wild: such a value is judged when it is kept
+  Strings refused_when_kept = {};  // what the field may hold, and Enter does not keep
+  TooLong too_long = {};           // what becomes of a text that is
+  bool required = false;           // Enter is refused as well
+  bool tame = false;               // the field is never wild: such a value is judged when it is kept
   std::string shown_behind = {};
   std::optional<std::string> shown_behind_enter = {};  // the same, unless it is something else
   // Of a new record:
@@ -74,56 +83,40 @@ struct Departures {
   bool marks_free = false;   // what the field holds marks the slot as free
 };
 
-template <typename Field>
-struct KindFor {
-  using Type = NumberKind;
-};
-template <>
-struct KindFor<config::Ipv4> {
-  using Type = AddressKind;
-};
-template <>
-struct KindFor<config::Mac> {
-  using Type = MacKind;
-};
-template <std::size_t N>
-struct KindFor<config::Text<N>> {
-  using Type = TextKind;
-};
-
 struct Stored {
   std::string value;  // as the field table writes it
   Stored(std::integral auto number) : value(std::to_string(number)) {}
   Stored(const char* text) : value(text) {}
 };
 
+// Where a row stands in the tests.
+struct Place {
+  const char* file;
+  int line;
+};
+constexpr Place here(const char* file = __builtin_FILE(), int line = __builtin_LINE()) {
+  return {file, line};
+}
+
 struct Question {
   template <typename Field>
-  Question(Field& named, const Stored& holds, std::string asked, const typename KindFor<Field>::Type& takes,
-           Departures departures = {}, int row = __builtin_LINE(), const char* source = __builtin_FILE())
-      : Question(element_at(&named), holds, std::move(asked), takes, std::move(departures), row, source) {}
+  Question(Field& member, const Stored& holds, std::string asked, const decltype(taken_by(member))& takes,
+           Departures departures = {}, Place at = here())
+      : Question(std::move(asked), takes, std::move(departures), at) {
+    field = element_at(&member);
+    stored = holds.value;
+  }
   // No setting of its own: which record, which action.
-  Question(std::string asked, const Kind& takes, Departures departures = {}, int row = __builtin_LINE(),
-           const char* source = __builtin_FILE())
-      : Question(std::nullopt, "", std::move(asked), takes, std::move(departures), row, source) {}
+  Question(std::string asked, const Kind& takes, Departures departures = {}, Place at = here())
+      : prompt(std::move(asked)), kind(takes), departs(std::move(departures)), place(at) {}
 
   std::optional<config::FieldElement> field;
   std::string stored, prompt;
   Kind kind;
   Departures departs;
-  int line;
-  const char* file;
+  Place place;
 
  private:
-  Question(std::optional<config::FieldElement> element, const Stored& holds, std::string asked, Kind takes,
-           Departures departures, int row, const char* source)
-      : field(element),
-        stored(holds.value),
-        prompt(std::move(asked)),
-        kind(std::move(takes)),
-        departs(std::move(departures)),
-        line(row),
-        file(source) {}
   static std::optional<config::FieldElement> element_at(const void* member);
 };
 
@@ -166,19 +159,10 @@ Desk desk_of(const Dialogue& dialogue);
 
 // Told by their answers; Enter at every other question.
 struct Visit {
-  Visit(Answers typed, std::string shown_last, std::string changed = "", int row = __builtin_LINE(),
-        const char* source = __builtin_FILE())
-      : answers(std::move(typed)),
-        ending(std::move(shown_last)),
-        changes(std::move(changed)),
-        line(row),
-        file(source) {}
-
   Answers answers;
-  std::string ending;   // of what is shown
-  std::string changes;  // "name=value" of each element that is different then, \x20 for a blank in it
-  int line;
-  const char* file;
+  std::string ending;        // of what is shown
+  std::string changes = {};  // "name=value" of each element that is different then, \x20 for a blank in it
+  Place place = here();
 };
 
 void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits);

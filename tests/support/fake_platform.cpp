@@ -52,7 +52,7 @@ int result(const string& call, int error) {
 
 int open_file(const OpenFile& file) {
   ++current->open_descriptors;
-  const int descriptor = open_files.empty() ? 100 : open_files.rbegin()->first + 1;
+  const int descriptor = open_files.empty() ? 0 : open_files.rbegin()->first + 1;
   open_files.emplace(descriptor, file);
   return descriptor;
 }
@@ -162,6 +162,7 @@ void run_shell_command(const char* command, Keyboard keyboard) {
   note((keyboard == Keyboard::is_ignored ? "uninterrupted " : "") + string(command));
   if (std::strcmp(command, "/opt/httpd/sbin/web_server dumpshare") == 0) {
     current->saved = current->settings;
+    ++current->saves;
   }
   current->on_command(command);
 }

@@ -19,21 +19,10 @@ using std::string;
 constexpr std::size_t most_questions = 300;
 
 // The number before a label on a screen.
-string number_before(const string& label, std::string_view screen) {
-  std::istringstream lines{string(screen)};
-  for (string line; std::getline(lines, line);) {
-    if (const std::size_t colon = line.find(':'); colon < line.size() && line.substr(colon + 1) == label) {
-      return line.substr(0, colon);
-    }
-  }
-  ADD_FAILURE() << "no menu has \"" << label << "\"";
-  return "99";
-}
-
-std::size_t submenu_number(const Item& item) {
-  const auto found = std::ranges::find_if(
-      menus::menu_tree, [&](const shell::Submenu* submenu) { return submenu->label() == item.submenu; });
-  return static_cast<std::size_t>(found - menus::menu_tree.begin());
+string number_before(const string& label, const string& screen) {
+  const std::size_t colon = screen.find(":" + label + "\n"), line = screen.rfind('\n', colon) + 1;
+  EXPECT_NE(colon, string::npos) << "no menu has \"" << label << "\"";
+  return colon == string::npos ? "99" : screen.substr(line, colon - line);
 }
 
 // What leads to the item, and the screen of its submenu with the prompt below.
@@ -41,7 +30,8 @@ struct Way {
   string typed, submenu;
 
   explicit Way(const Item& item) {
-    const std::size_t number = submenu_number(item);
+    const auto found = std::ranges::find(menus::menu_tree, item.submenu, &shell::Submenu::label);
+    const auto number = static_cast<std::size_t>(found - menus::menu_tree.begin());
     const string screen(menus::menu_tree.at(number)->screen());
     typed = "admin\nadmin\n" + std::to_string(number) + "\n" + number_before(item.label, screen) + "\n";
     submenu = screen + menu_prompt;
@@ -50,12 +40,18 @@ struct Way {
 
 constexpr std::size_t waits_on_the_way = 4;
 
-// Of a visit that is over.
-string shown_by(const Device& device, const Way& way) {
+// What was shown in a visit that is over. What is wrong with it, besides what was found, is added to `wrong`.
+string shown_by(const Device& device, const Way& way, string found, string* wrong) {
   const string end = way.submenu + "Bye Bye!!\n";
   const string shown = device.transcript.substr(device.waits.at(waits_on_the_way - 1));
-  EXPECT_EQ(device.open_descriptors + device.attached_segments, 0);
-  EXPECT_EQ(differences(device.saved.value_or(device.settings), device.settings), "") << "changed after it was saved";
+  const string changed = differences(device.saved.value_or(device.settings), device.settings);
+  found += changed.empty() ? "" : "\n  changed after it was saved: " + changed;
+  found += device.open_descriptors + device.attached_segments == 0 ? "" : "\n  something is left open";
+  if (wrong != nullptr) {
+    *wrong += found;
+  } else {
+    EXPECT_EQ(found, "");
+  }
   return shown.substr(0, shown.size() - (shown.ends_with(end) ? end.size() : 0));
 }
 
@@ -100,23 +96,13 @@ int run_session(Device& device, std::string_view input) {
   return run_to_exit([] { shell::run_console(menus::menu_tree); });
 }
 
-string visit_typing(Device& device, const Item& item, const string& lines) {
+string visit_typing(Device& device, const Item& item, const string& lines, string* wrong) {
   const Way way(item);
   run_session(device, way.typed + lines);
-  return shown_by(device, way);
+  return shown_by(device, way, "", wrong);
 }
 
-string visit(Device& device, int submenu, int item, std::string_view answers) {
-  const shell::Submenu& menu = *menus::menu_tree.at(static_cast<std::size_t>(submenu));
-  std::istringstream lines{string(menu.screen())};
-  const string number = std::to_string(item) + ":";
-  string line;
-  while (std::getline(lines, line) && !line.starts_with(number)) {
-  }
-  return visit_typing(device, {string(menu.label()), line.substr(number.size())}, string(answers));
-}
-
-string visit(Device& device, const Item& item, const Answers& answers) {
+string visit(Device& device, const Item& item, const Answers& answers, string* wrong) {
   const Way way(item);
   std::size_t answered = 0;
   device.on_wait = [&, others = device.on_wait](std::size_t wait) {
@@ -129,8 +115,8 @@ string visit(Device& device, const Item& item, const Answers& answers) {
     device.input.push_back((named ? answers[answered++].typed : "") + "\n");
   };
   run_session(device, way.typed);
-  EXPECT_EQ(answered, answers.size()) << "never asked: " << answers[std::min(answered, answers.size() - 1)].question;
-  return shown_by(device, way);
+  const bool all_asked = answered == answers.size();
+  return shown_by(device, way, all_asked ? "" : "\n  never asked: " + answers[answered].question, wrong);
 }
 
 string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after) {

@@ -1,229 +1,220 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <sstream>
+#include <cstdio>
 
-#include "menus/status/voice_daemon.h"
-#include "support/sheet.h"
+#include "support/dialogue.h"
 
 namespace tests {
 namespace {
 
 using std::string;
+using namespace std::string_literals;
 
 // ---- Device information ----
 
-const string tools[] = {"/bin/date", "/bin/uptime", "route -n | awk '{print $2\" \"$4}' ", "/sbin/ifconfig eth0"};
-const string usual[] = {"Thu Jan  1 08:00:00 CST 2009\nsecond line\n", " 20:56:11 up 3 days,  4:05,  0 users\n",
-                        "IP Flags\nGateway Flags\n10.0.0.9 UGH\n10.0.0.1 UG\n10.0.0.2 UG\n",
-                        "eth0 HWaddr 00:11:22:33:44:55  \n inet addr:10.0.0.7  Bcast:10.0.0.255  Mask:255.0.0.0\n",
-                        "search lan\nnameserver 10.0.0.53\nnameserver 10.0.1.53\n"};
+const string routes = "route -n | awk '{print $2\" \"$4}' ", eth0 = "/sbin/ifconfig eth0";
+const string resolv_conf = "/etc/resolv.conf", ppp_test = "/tmp/ppp_test";
 
-// Visits to a device whose tools print that; /etc/resolv.conf holds the last. "-" is for one that fails.
-void hold_page(const string& visits, const string (&printed)[5], const string& ppp = "ppp0   Link\n") {
+// Whose tools print what they usually do.
+Desk usual(const string& wan_type) {
   Desk desk;
-  for (std::size_t i = 0; i < 4; ++i) {
-    desk.command_output[tools[i]] = printed[i];
-    desk.failing.insert(printed[i] == "-" ? "start " + tools[i] : "");
+  desk.set("host_name", "gateway").set("dhcp_server_enable", "1").set("wan_type", wan_type);
+  desk.command_output = {
+      {"/bin/date", "Thu Jan  1 08:00:00 CST 2009\nsecond line\n"},
+      {"/bin/uptime", " 20:56:11 up 3 days,  4:05,  0 users\n"},
+      {routes, "Gateway Flags\n10.0.0.9 UGH\n10.0.0.1 UG\n10.0.0.2 UG\n"},
+      {eth0, "eth0 HWaddr 00:11:22:33:44:55  \n inet addr:10.0.0.7  Bcast:10.0.0.255  Mask:255.0.0.0\n"},
+      {"/sbin/ifconfig eth1", "eth1 HWaddr 1:2\n inet addr:192.168.1.1  Mask:255.255.0.0\n"},
+      {"/sbin/ifconfig ppp0", "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n"}};
+  desk.files = {{resolv_conf, "search lan\nnameserver 10.0.0.53\nnameserver 10.0.1.53\n"}, {ppp_test, "ppp0   Link\n"}};
+  return desk;
+}
+
+// What it shows then.
+const string ruler = string(54, '-') + "\n", type = "WAN Type : Static IP \n";
+const string mac = "{/sbin/ifconfig eth0}WAN MAC Address : 00:11:22:33:44:55  \n";
+const string addresses = mac + "WAN IP Address : 10.0.0.7\nWAN Subnet Mask : 255.0.0.0\n";
+const string gateway = "WAN Gateway Address : {" + routes + "}10.0.0.1\n";
+const string static_page =
+    "Device Information\n" + ruler + "Model Name : NTX4830 \nFirmware Version : 1.10 \nHost Name : gateway\n" +
+    "System Date : {/bin/date}Thu Jan  1 08:00:00 CST 2009\nUp Time : {/bin/uptime}3 days\n" +
+    "Device Mode : Router Mode \n" + ruler + type + "{/sbin/ifconfig eth0}" + addresses + gateway +
+    "DNS 1 (Primary):10.0.0.53\nDNS 2 (Secondary):10.0.1.53\nOther DNS: \n" + ruler +
+    "{/sbin/ifconfig eth1}{/sbin/ifconfig eth1}LAN MAC Address : 1:2\nLAN IP Address : 192.168.1.1\n" +
+    "LAN Subnet Mask : 255.255.0.0\nDHCP Server Function : Enabled \nDNS Proxy Function : Disabled \n" + ruler;
+
+const string tests_ppp = "{/sbin/ifconfig | grep ppp0 > /tmp/ppp_test}";
+const string link_is_up =
+    "ppp0   Link\n\n{/sbin/ifconfig ppp0}" + mac + "WAN IP Address : 10.64.0.3\nWAN Subnet Mask : 255.255.255.255\n";
+const string offer = "0:Disconnect, 1:Reconnect\n[4830NT]#", done = "Configuration successed.\n";
+
+// With these lines about the connection, and an action.
+string page(const string& connection) {
+  return replaced(static_page, type + "{/sbin/ifconfig eth0}" + addresses + gateway, connection) + offer;
+}
+
+// Makes no other visit when one was not as expected.
+void hold_page(const Desk& desk, const std::vector<Visit>& visits) {
+  if (!testing::Test::HasFailure()) {
+    hold({"Status", "Device Infomation"}, desk, visits);
   }
-  desk.files = {{"/etc/resolv.conf", printed[4]}, {"/tmp/ppp_test", ppp}};
-  desk.failing.insert(printed[4] == "-" ? "open /etc/resolv.conf" : "");
-  desk.failing.insert(ppp == "-" ? "open /tmp/ppp_test" : "");
-  desk.command_output["/sbin/ifconfig ppp0"] = "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n";
-  desk.command_output["/sbin/ifconfig eth1"] = "eth1 HWaddr 1:2\n inet addr:192.168.1.1  Mask:255.255.0.0\n";
-  hold(R"(== device: 5 0 kind
-dhcp_server_enable=1 host_name=gateway
-&top=Device Information\n-*54\nModel Name : NTX4830 \nFirmware Version : 1.10 \nHost Name : gateway\n&date
-&date=System Date : {/bin/date}
-&up=Up Time : {/bin/uptime}
-&mode=Device Mode : Router Mode \n-*54\n
-&today=Thu Jan  1 08:00:00 CST 2009\n&up3 days\n&mode
-&usual=&top&todayWAN Type
-&asks={/sbin/ifconfig eth0}
-&mac=&asksWAN MAC Address
-&gateway=WAN Gateway Address : {route -n &bar awk '{print $2" "$4}' }
-&eth=&asks&mac : 00:11:22:33:44:55  \nWAN IP Address : 10.0.0.7\nWAN Subnet Mask : 255.0.0.0\n&gateway10.0.0.1\n&dns
-&test={/sbin/ifconfig &bar grep ppp0 > /tmp/ppp_test}
-&ppp=&testppp0   Link\n\n{/sbin/ifconfig ppp0}&mac : 00:11:22:33:44:55  \nWAN IP Address : 10.64.0.3\n\
-WAN Subnet Mask : 255.255.255.255\n&gateway10.0.0.1\n&dns&offer
-&dns=DNS 1 (Primary):10.0.0.53\nDNS 2 (Secondary):10.0.1.53\nOther DNS: \n&lan
-&nodns=DNS 1 (Primary):\nDNS 2 (Secondary):\nOther DNS: \n&lan
-&lan=-*54\n{/sbin/ifconfig eth1}{/sbin/ifconfig eth1}LAN MAC Address : 1:2\nLAN IP Address : 192.168.1.1\n\
-LAN Subnet Mask : 255.255.0.0\nDHCP Server Function : Enabled \nDNS Proxy Function : Disabled \n-*54\n
-&offer=0:Disconnect, 1:Reconnect\n[4830NT]#
-&stop= stop > /dev/null 2>&1}
-&restart= restart > /dev/null 2>&1}&ok
-&ok=Configuration successed.\n
-)" + visits,
-       desk);
+}
+
+string script(const string& arguments) {
+  return silently("/etc/init.d/" + arguments);
 }
 
 TEST(DeviceInformation, ShowsEveryKindOfConnectionAndRunsItsScripts) {
-  hold_page(R"(> | &usual : Static IP \n&eth |
-= wan_type=1
-&lease=0:Release WAN IP, 1:Renew WAN IP\n[4830NT]#
-> 0/ | &usual : DHCP \n&eth&lease{/etc/init.d/udhcpc.sh&stop&ok |
-> 1/ | &lease{/etc/init.d/udhcpc.sh&restart |
-> 2/|/ | &lease |
-= wan_type=2 host_name=gateway\x0a
-> 0/ | &usual : PPPOE \n&ppp{/etc/init.d/pppoe.sh&stop{/etc/init.d/pppoe.sh&restart |
-> 01/ | &ppp{/etc/init.d/pppoe.sh&restart |
-> /|2/|0x/|-1/|4294967296/ | &ppp |
-= wan_type=3 > 0/ | &usual : PPTP \n&ppp{/etc/init.d/pptp.sh&stop{/etc/init.d/pptp.sh&restart |
-= wan_type=4 > 0/ | &usual : L2TP \n&ppp{/etc/init.d/l2tp.sh&stop{/etc/init.d/l2tp.sh&restart |
-= wan_type=5 > 0/ | &usual : BigPond \n&dns&offer{/etc/init.d/bigpond.sh&stop{/etc/init.d/bigpond.sh&restart |
-= wan_type=200 host_name=h*128 > 0/ | Host Name : h*128\n&date&today&dns&offer&ok |
-)",
-            usual);
-  const string down = "= wan_type=3\n> / | PPTP \\n&test#&gateway10.0.0.1\\n&dns&offer |";
-  hold_page(replaced(down, "#", "\\nWAN is disconnection!\\n"), usual, "");
-  hold_page(replaced(down, "#", ""), usual, "-");
+  hold_page(usual("0"), {Visit({}, static_page)});
+  const string dhcp = replaced(static_page, "Static IP", "DHCP") + "0:Release WAN IP, 1:Renew WAN IP\n[4830NT]#";
+  hold_page(usual("1"), {Visit({}, dhcp), Visit({{"Release", "2"}}, dhcp),
+                         Visit({{"Release", "0"}}, dhcp + script("udhcpc.sh stop") + done),
+                         Visit({{"Release", "1"}}, dhcp + script("udhcpc.sh restart") + done)});
+  hold_page(usual("200"), {Visit({{"Disconnect", "0"}}, page("") + done)});
+  const string ppp = tests_ppp + link_is_up + gateway;
+  const string connections[] = {"WAN Type : PPPOE \n" + ppp, "WAN Type : PPTP \n" + ppp, "WAN Type : L2TP \n" + ppp,
+                                "WAN Type : BigPond \n"};
+  for (const std::size_t i : {0U, 1U, 2U, 3U}) {
+    const string shown = page(connections[i]), name = Strings{"pppoe", "pptp", "l2tp", "bigpond"}[i];
+    const string stop = script(name + ".sh stop"), restart = script(name + ".sh restart") + done;
+    const Desk desk = usual(std::to_string(i + 2));
+    hold_page(desk, {Visit({{"Disconnect", "0"}}, shown + stop + restart)});
+    hold_page(desk, {Visit({{"Disconnect", "01"}}, shown + restart)});
+    for (const string neither : {"", "2", "0x", "-1", "4294967296"}) {
+      hold_page(desk, {Visit({{"Disconnect", neither}}, shown)});
+    }
+  }
+}
+
+// In place of what one tool prints usually, of the page that follows from it.
+void hold_tool(const string& tool, const string& prints, const string& usually, const string& shown,
+               int row = __builtin_LINE()) {
+  const testing::ScopedTrace trace(__FILE__, row, "the tool");
+  Desk desk = usual("0");
+  desk.files[tool] = desk.command_output[tool] = prints;
+  desk.failing = {prints == "fails" ? "start " + tool : "", prints == "fails" ? "open " + tool : ""};
+  hold_page(desk, {Visit({}, replaced(static_page, usually, shown))});
 }
 
 TEST(DeviceInformation, ToolsThatFailOrSaySomethingElse) {
-  const string many(300, 'x'), one = "nameserver 1.1.1.1\n";
-  hold_page(R"(> | &top\n&up\n&modeWAN Type : Static IP \n&asks\n&gateway\n&nodns |)", {"-", "-", "-", "-", "-"});
-  hold_page(
-      R"(> | &top\n&up\n&modeWAN Type : Static IP \n&asks&mac : \nWAN IP Address : \nWAN Subnet Mask : \n\
-&gateway\n&nodns |)",
-      {"", "", "", "HWaddr\ninet addr:", ""});
-  hold_page(
-      R"(> | &topx*255&up&modeWAN Type : Static IP \n&asks&mac : 1\nWAN IP Address : 8\nWAN Subnet Mask : \n\
-&gateway7\nDNS 1 (Primary):x*88\nDNS 2 (Secondary):\nOther DNS: \n&lan |)",
-      {many, "up 3 min\n", "9 UGH\n7 UGD", "HWaddr 1\nMask:9 inet addr:8", "nameserver " + many});
-  hold_page(R"(> | &topcut&up\n&modeWAN Type : Static IP \n&asks&gateway\n\
-DNS 1 (Primary):1.1.1.1\nDNS 2 (Secondary):\nOther DNS: 1.1.1.1,1.1.1.1,1.1.1.1,\n&lan |)",
-            {"cut", "up,", "UG\n", "eth0: error\n", one + "#nameserver\n" + one + one + one + one});
+  const string many(300, 'x'), one = "nameserver 1.1.1.1\n", up = "3 days\n", ip = "10.0.0.1\n";
+  const string date = "Thu Jan  1 08:00:00 CST 2009\n", dns = "10.0.0.53\nDNS 2 (Secondary):10.0.1.53\nOther DNS: \n";
+  hold_tool("/bin/date", "fails", date, "\n");
+  hold_tool("/bin/date", "cut", date, "cut");
+  hold_tool("/bin/date", many, date, string(255, 'x'));
+  hold_tool("/bin/uptime", "", up, "\n");
+  hold_tool("/bin/uptime", "up,", up, "\n");
+  hold_tool("/bin/uptime", "up 3 min\n", up, "");
+  hold_tool(routes, "", ip, "\n");
+  hold_tool(routes, "UG\n", ip, "\n");
+  hold_tool(routes, "9 UGH\n7 UGD", ip, "7\n");
+  hold_tool(eth0, "fails", addresses, "\n");
+  hold_tool(eth0, "eth0: error\n", addresses, "");
+  const string nothing = "{/sbin/ifconfig eth0}WAN MAC Address : \nWAN IP Address : \nWAN Subnet Mask : \n";
+  hold_tool(eth0, "", addresses, nothing);
+  hold_tool(eth0, "HWaddr\ninet addr:", addresses, nothing);
+  hold_tool(eth0, "HWaddr \nMask:9 inet addr:8", addresses, replaced(nothing, "IP Address : ", "IP Address : 8"));
+  hold_tool(resolv_conf, "fails", dns, "\nDNS 2 (Secondary):\nOther DNS: \n");
+  hold_tool(resolv_conf, "nameserver " + many, dns, string(88, 'x') + "\nDNS 2 (Secondary):\nOther DNS: \n");
+  hold_tool(resolv_conf, one + "#nameserver\n" + one + one + one + one, dns,
+            "1.1.1.1\nDNS 2 (Secondary):\nOther DNS: 1.1.1.1,1.1.1.1,1.1.1.1,\n");
+}
+
+TEST(DeviceInformation, HostNamesAndPppLinksThatAreDown) {
+  Desk named = usual("0"), down = usual("3");
+  hold_page(named.set("host_name", "gateway\\x0a"), {Visit({}, static_page)});
+  down.files[ppp_test] = "";
+  const string connection = "WAN Type : PPTP \n" + tests_ppp + "\nWAN is disconnection!\n" + gateway;
+  hold_page(down, {Visit({}, page(connection))});
+  down.failing = {"open " + ppp_test};
+  hold_page(down, {Visit({}, page("WAN Type : PPTP \n" + tests_ppp + gateway))});
 }
 
 // ---- The log ----
 
-// "from\n" down or up to "to\n".
-string lines(int from, int to, const string& end = "\n") {
-  return std::to_string(from) + end + (from == to ? "" : lines(from < to ? from + 1 : from - 1, to, end));
-}
+const Item log_page = {"Status", "Log"};
+const string rule = string(65, '-') + "\n", no_more = rule + "haven't other log message\n\n\n";
 
-// Visits to a device with these files, whose command makes a snapshot with that name.
-void hold_log(const string& visits, const std::map<string, string>& files, const string& made_as = "") {
-  Desk desk;
-  desk.files = files;
-  desk.on_command = [&](const string& /*command*/) { device().files[made_as] = "here\n"; };
-  hold(R"(== log: 5 1 kind
-&r=-*65\n
-&end=&rhaven't other log message\n\n\n
-&asked=&rq:Exit , other:Continue:&r
-&made={cat /var/tmp/messages &bar awk {'print $1,$2,$3,$5,$7,$8,$9,$10,$11,$12,$13,$14'} > /tmp/messages.tmp}
-)" + visits,
-       desk);
+// 41 of these are more than is read from a file at a time.
+string entries(int from, int to) {
+  const string entry = std::to_string(from) + string(100, '.') + "\n";
+  return entry + (from == to ? "" : entries(from < to ? from + 1 : from - 1, to));
 }
 
 TEST(LogViewer, ShowsTheNewestFirstInPages) {
-  using namespace std::string_literals;
-  const string newest = "&r" + lines(41, 22, "\\n") + "&asked" + lines(21, 2, "\\n") + "&asked";
-  hold_log("> | &r&end |", {{"/tmp/messages.tmp", "debug\na debug b\nnodebugging\n"}});
-  hold_log("> | &r" + lines(20, 1, "\\n") + "&end |", {{"/tmp/messages.tmp", lines(1, 20) + "debug\n"}});
-  hold_log("> qq/Q/ | " + newest + "1\\n&end |\n> /q/ | " + newest + "q:Exit\\n |",
-           {{"/tmp/messages.tmp", lines(1, 41)}});
+  const auto log_of = [](const string& snapshot) {
+    Desk desk;
+    desk.files["/tmp/messages.tmp"] = snapshot;
+    return desk;
+  };
+  hold(log_page, log_of("debug\na debug b\nnodebugging\n"), {Visit({}, rule + no_more)});
+  hold(log_page, log_of(entries(1, 20) + "debug\n"), {Visit({}, rule + entries(20, 1) + no_more)});
+  const string asks = rule + "q:Exit , other:Continue:" + rule;
+  const string two_pages = rule + entries(41, 22) + asks + entries(21, 2) + asks;
+  hold(log_page, log_of(entries(1, 41)),
+       {Visit({{"Continue:", "qq"}, {"Continue:", "Q"}}, two_pages + entries(1, 1) + no_more),
+        Visit({{"Continue:", ""}, {"Continue:", "q"}}, two_pages + "q:Exit\n")});
   const string long_line = string(507, 'x') + "debug\n";  // read in pieces of 510
-  hold_log("> | &r\xff no endug\\nx*507debdebu g\\na\0b %s%n\\n&end |"s,
-           {{"/tmp/messages.tmp", "a\0b %s%n\ndebu g\n"s + long_line + "\xff no end"}});
+  hold(log_page, log_of("a\0b %s%n\ndebu g\n"s + long_line + "\xff no end"),
+       {Visit({}, rule + "\xff no endug\n" + string(507, 'x') + "debdebu g\na\0b %s%n\n"s + no_more)});
 }
 
 TEST(LogViewer, FindsItsSnapshotUnderEitherNameOrMakesIt) {
+  const string makes_it =
+      "{cat /var/tmp/messages | awk {'print $1,$2,$3,$5,$7,$8,$9,$10,$11,$12,$13,$14'} > /tmp/messages.tmp}";
   for (const string name : {"/var/tmp/messages.tmp", "/tmp/messages.tmp"}) {
-    hold_log("> | &rthere\\n&end |", {{name, "there\n"}});
-    hold_log("> | &made&rhere\\n&end |", {{"/var/tmp/messages", ""}}, name);
+    Desk there, made;
+    there.files[name] = "there\n";
+    EXPECT_EQ(visit(there, log_page, {}), rule + "there\n" + no_more);
+    made.files["/var/tmp/messages"] = "";
+    made.on_command = [&](const string& /*command*/) { made.files[name] = "here\n"; };
+    EXPECT_EQ(visit(made, log_page, {}), makes_it + rule + "here\n" + no_more);
   }
-  hold_log("> | can't read log file\\n |", {});
-  hold_log("> | &madecan't read log file\\n |", {{"/var/tmp/messages", ""}});
+  Desk neither, not_made;
+  EXPECT_EQ(visit(neither, log_page, {}), "can't read log file\n");
+  not_made.files["/var/tmp/messages"] = "";
+  EXPECT_EQ(visit(not_made, log_page, {}), makes_it + "can't read log file\n");
 }
 
-// ---- The voice daemon: the client by itself, and the two pages that ask through it ----
+// ---- The voice daemon, and the two pages that ask it ----
 
-using namespace menus::status;
+const Item line_state = {"Status", "Line State"}, call_records = {"Status", "Call Detailed Record"};
 
 struct DaemonDesk : Desk {
-  explicit DaemonDesk(const Strings& replies = {}) {
-    use_device(*this);
+  explicit DaemonDesk(const Strings& replies) {
     on_datagram = [replies](const string& /*request*/) { return replies; };
   }
-  string page(int item) {
-    const string seen = visit(*this, 5, item, ""), asked = "{udp 127...1:8118}";
-    EXPECT_TRUE(seen.starts_with(asked) && differences(Desk().settings, settings).empty());
-    return replaced(seen, asked, "");
-  }
+  string page(const Item& item) { return replaced(visit(*this, item, {}), "{udp 127...1:8118}", ""); }
 };
 
-// What a query of these commands returns, and the fields, "-" for a null one.
-string query(const std::vector<const char*>& commands) {
-  std::array<const char*, 3> fields = {"left", "over", ""};
-  string seen = std::to_string(voice_daemon_query(commands, fields));
-  for (const char* const field : fields) {
-    seen += string(" ") + (field != nullptr ? field : "-");
+TEST(VoiceDaemon, FailuresLeaveThePagesEmptyAndEndInTime) {
+  for (const string call : {"udp socket", "udp bind", "udp connect", "udp send", "udp wait"}) {
+    DaemonDesk state({"1"}), records({"1"});
+    state.failing = records.failing = {call};
+    EXPECT_EQ(state.page(line_state) + records.page(call_records), "\n") << call;
   }
-  EXPECT_EQ(device().open_descriptors, 0);
-  return seen;
-}
-
-TEST(VoiceDaemon, CutsRepliesIntoLinesAndRefusesALongRequest) {
-  const string endless = string(8190, 'a') + "bc", fits(8189, 'x');
-  const std::map<string, string> replies = {{"a\n\nb\n", "2 a b -"},
-                                            {"\n\n\na", "1 a - -"},
-                                            {"", "1 - - -"},
-                                            {"\n\n", "1 - - -"},
-                                            {"1\n2\n3\n4\n", "3 1 2 3"},
-                                            {{"a\n\0b\nc", 6}, "1 a - -"},
-                                            {"\xff\r\n b", "2 \xff\r  b -"},
-                                            {endless, "1 " + endless.substr(0, 8191) + " - -"}};
-  for (const auto& [reply, result] : replies) {
-    DaemonDesk desk({reply, "a datagram too many"});
-    EXPECT_EQ(query({"get one", "get two 0 1"}), result);
-    EXPECT_EQ(desk.requests, Strings{"get one\nget two 0 1\n\n"});
-  }
-  DaemonDesk desk({"a"});
-  EXPECT_EQ(query({(fits + "y").c_str()}) + query({fits.c_str(), ""}), "-2 - - --2 - - -");
-  EXPECT_EQ(query({fits.c_str()}), "1 a - -");
-  EXPECT_EQ(desk.requests, Strings{fits + "\n\n"});
-}
-
-// Milliseconds.
-std::uint64_t waited(const Device& device) {
-  const Desk start;
-  return 1000 * std::uint64_t{device.clock - start.clock} + device.milliseconds - start.milliseconds;
-}
-
-TEST(VoiceDaemon, FailuresHaveTheirCodesAndEndInTime) {
-  std::istringstream cases(
-      "udp socket|-2 -1\nudp bind|-3 -1\nudp connect|-4 -1\nudp send|100 -3\nudp wait|100 -4\n"
-      "|100 -4\n");
-  for (string failing, codes; std::getline(cases, failing, '|') && std::getline(cases, codes);) {
-    DaemonDesk desk;
-    desk.failing = {failing};
-    const string queried = query({"get one"});
-    EXPECT_LE(waited(desk), 5000U);
-    EXPECT_EQ(std::to_string(voice_daemon_open("127.0.0.1", 8118)) + " " + queried, codes + " - - -");
-  }
-  EXPECT_TRUE(voice_daemon_open("127.0.0.256", 8118) == -1 && voice_daemon_send(-1, "get") == -1);
-  const std::map<Strings, string> late = {{{"refused", "refused", "a"}, "1 a - -"},
-                                          {Strings(4, "refused"), "-4 - - -{silence 1400}"},
-                                          {Strings(9, "refused"), "-4 - - -"}};
-  for (const auto& [replies, result] : late) {  // 900 milliseconds for each that is refused
-    DaemonDesk desk(replies);
-    const string queried = query({"get one"});
-    EXPECT_EQ(queried + replaced(desk.transcript, "{udp 127...1:8118}", ""), result);
-    EXPECT_LE(waited(desk), replies.size() == 9 ? 5400U : 5000U);  // the last one came back late
-  }
+  EXPECT_EQ(DaemonDesk({}).page(line_state), "{silence 5000}");
+  // Each reply that is refused takes 900 milliseconds.
+  EXPECT_EQ(DaemonDesk({"refused", "refused", "1"}).page(line_state), DaemonDesk({"1"}).page(line_state));
+  EXPECT_EQ(DaemonDesk(Strings(4, "refused")).page(line_state), "{silence 1400}");
+  EXPECT_EQ(DaemonDesk(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
 }
 
 TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
   string request, reply;
-  for (std::size_t i = 0; i < 24; ++i) {
-    request += string("get rtpstat") + (i < 12 ? "total" : "current") + Strings{"send", "recv", "lost"}[i % 3];
-    request += Strings{" 0 0\n", " 0 1\n", " 1 0\n", " 1 1\n"}[i / 3 % 4];
-    reply += i == 19 ? "-7\n" : i == 20 ? "x\n" : i == 21 ? "4294967296\n" : std::to_string(i) + " packets\n";
+  int packets = 0;
+  for (const string count : {"total", "current"}) {
+    for (const string channel : {" 0 0\n", " 0 1\n", " 1 0\n", " 1 1\n"}) {
+      for (const string what : {"send", "recv", "lost"}) {
+        request += "get rtpstat" + count + what + channel;
+        reply += std::to_string(packets++) + " packets\n";
+      }
+    }
   }
+  request += "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n";
+  reply = replaced(reply, "19 packets\n20 packets\n21 packets\n", "-7\nx\n4294967296\n");
   DaemonDesk desk({reply + "w\n%s\xff nineteen bytes!\nz\n%s\xff of twenty bytes.\n"});
-  EXPECT_EQ(desk.page(2),
+  EXPECT_EQ(desk.page(line_state),
             "\nPhone 1            |Phone 2            |Account 1          |Account 2\n"
             "-------------------+-------------------+-------------------+------------------\n"
             "w                  |%s\xff nineteen bytes!|z                  |%s\xff of twenty bytes\n"
@@ -235,67 +226,71 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
             "-----+-------+---------+---------+---------+---------+---------+--------------\n"
             "  2  |   0   |        6|       18|        7|       -7|        8|        0\n"
             "     |   1   |        9|2147483647|       10|       22|       11|       23\n\n");
-  EXPECT_EQ(desk.requests, Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
-  const string cut_short = DaemonDesk({"1\n\n2\n"}).page(2);
+  EXPECT_EQ(desk.requests, Strings{request});
+  const string cut_short = DaemonDesk({"1\n\n2\n"}).page(line_state);
   EXPECT_NE(cut_short.find("|                   |                   |"), string::npos);
   EXPECT_NE(cut_short.find("  1  |   0   |        1|        0|        2|        0|"), string::npos);
-  EXPECT_EQ(DaemonDesk().page(2), "{silence 5000}");
+  // A reply that is too long is cut, one that ends early is as good as none.
+  for (const string& bad : {""s, "\n\n"s, "x\0x\n1\n"s, string(8190, 'a') + "\n1\n2\n"}) {
+    EXPECT_EQ(DaemonDesk({bad, "1\n2\n"}).page(line_state), replaced(replaced(cut_short, "1|", "0|"), "2|", "0|"));
+  }
 }
 
 string call(const string& first_row, const string& second_row) {
-  const string line = string(78, '-') + "\n";
-  return line + "Phone Num       |Durace time|phone|Reason\n----------------+-----------+-----+" + string(43, '-') +
-         "\n" + first_row + line + "Call type|Call time           |Answer time         |Disconnect time     \n" +
-         "---------+--------------------+--------------------+--------------------------\n" + second_row + line + "\n";
+  const string wide = string(78, '-') + "\n";
+  return wide + "Phone Num       |Durace time|phone|Reason\n----------------+-----------+-----+" + string(43, '-') +
+         "\n" + first_row + wide + "Call type|Call time           |Answer time         |Disconnect time     \n" +
+         "---------+--------------------+--------------------+--------------------------\n" + second_row + wide + "\n";
 }
 
-TEST(VoiceDaemon, CallRecordsThatCameBeforeTheFetchEnded) {
-  const string record = "0|555|20070608123456|0|2007060812345x|100f|65|0", bars(9000, '|');
-  const string shown = call("555             |         65|    1|User busy\n",
-                            "dial out |2007/06/08 12:34:56 |0                   |2007/06/08 12:34:5x \n");
+const string record = "0|555|20070608123456|0|2007060812345x|100f|65|0";
+const string its_call = call("555             |         65|    1|User busy\n",
+                             "dial out |2007/06/08 12:34:56 |0                   |2007/06/08 12:34:5x \n");
+
+TEST(CallRecords, ThatCameBeforeTheFetchEnded) {
   DaemonDesk odd({"2", "|1|%s||\xff|-|x|2007|0|1||",
                   "2|12345678901234567|123456789012345678901|" + string(40, 't') + "|-|10|1234567890123|99999",
                   record});
-  EXPECT_EQ(odd.page(3),
+  ASSERT_EQ(odd.page(call_records),
             "\n" +
                 call("%s              |          0|    2|Callee pattern not matched with listed digitmap\n",
                      "call in  |\xff                   |-                   |x                   \n") +
                 call("1234567890123456|  123456789| 1000|unknow reason\n",
                      "         |12345678901234567890|tttttttttttttttttttt|-                   \n"));
-  EXPECT_EQ(odd.requests, Strings{"get calllog\n\n"});
+  ASSERT_EQ(odd.requests, Strings{"get calllog\n\n"});
   for (const string none : {"0", "-1", "", "many"}) {
-    EXPECT_EQ(DaemonDesk({none, record}).page(3), "\n");
+    ASSERT_EQ(DaemonDesk({none, record}).page(call_records), "\n");
   }
-  for (const string& bad : {string("0|1|2|3|4|1008|6"), string("0|1||3|4|1008|6|0"), record + "|9",
-                            string("0|1|2|3|4\0|1008|6|0", 19), bars}) {
-    EXPECT_EQ(DaemonDesk({"3", record, bad, record}).page(3), "\n" + shown) << bad;
+  for (const string& bad :
+       {"0|1|2|3|4|1008|6"s, "0|1||3|4|1008|6|0"s, record + "|9", "0|1|2|3|4\0|1008|6|0"s, string(9000, '|')}) {
+    ASSERT_EQ(DaemonDesk({"3", record, bad, record}).page(call_records), "\n" + its_call) << bad.substr(0, 60);
   }
-  EXPECT_EQ(DaemonDesk({"99999999999999999999", record, record}).page(3), "{silence 5000}\n" + shown + shown);
-  Strings many(500, record);
-  many[0] = "100000";
-  EXPECT_EQ(DaemonDesk(many).page(3).size(), 1 + 100 * shown.size());
-  EXPECT_EQ(DaemonDesk().page(3), "{silence 5000}\n");  // nothing of an earlier visit is left
-  std::istringstream reasons(
-      "1000 Unknown error|1001 Can't handle a new call|1002 Normal release by remote end|"
-      "1003 User cancelled the call|1004 Response accepted|1005 Forbidden|1006 User not found/Gone|"
-      "1007 Request timeout|1008 Conflict|1009 Request Entity Too Large|100a Media type unsupported|"
-      "100b Unsupported extension|100c User temporarily unavailable|100d Call leg does not exist|"
-      "100e Address is abmbiguous/too long/incomplete|100f User busy|1010 Bad event|"
-      "1011 Request pending|1012 Internal Server Error|1013 Service not Implemented|1014 Bad Gateway|"
-      "1015 Service Unavailable|1016 Gateway Timeout|1017 Busy Everywhere|1018 User declined the call|"
-      "1019 Does Not Exist Anywhere|101a Not Acceptable|"
-      "2000 No more new calls are acceptable on that endpoint|2001 Poor media quality|"
-      "2002 Parsing the remote SDP msg failed|2003 No codecs matching with remote end|"
-      "2004 No more processing power available|2005 Remote SDP is not received|"
-      "2006 Disconnection after blind transfer|2007 Callee pattern not matched with listed digitmap|"
-      "3000 unknow reason");
-  Strings replies = {"36"};
-  string expected = "\n";
-  for (string reason; std::getline(reasons, reason, '|');) {
-    replies.push_back(replaced(record, "100f", reason.substr(0, 4)));
-    expected += replaced(shown, "User busy", reason.substr(5));
+  ASSERT_EQ(DaemonDesk({"99999999999999999999", record}).page(call_records), "{silence 5000}\n" + its_call);
+  const string most = DaemonDesk(Strings{"100000"} + Strings(500, record)).page(call_records);
+  ASSERT_EQ(most.size(), 1 + 100 * its_call.size());
+  ASSERT_EQ(DaemonDesk({}).page(call_records), "{silence 5000}\n");  // nothing of an earlier visit is left
+}
+
+TEST(CallRecords, NameTheReason) {
+  Strings replies = {"37"};
+  for (unsigned code = 0x1000; code <= 0x2008; code = code == 0x101b ? 0x2000 : code + 1) {
+    char digits[8];
+    std::snprintf(digits, sizeof digits, "%x", code);
+    replies.push_back(replaced(record, "100f", digits));
   }
-  EXPECT_EQ(DaemonDesk(replies).page(3), expected);
+  const string shown = DaemonDesk(replies).page(call_records), busy = "User busy";
+  const std::size_t reason = its_call.find(busy);
+  const string before = its_call.substr(0, reason), behind = its_call.substr(reason + busy.size());
+  EXPECT_EQ(replaced(replaced(shown, behind, "; "), before, ""),
+            "\nUnknown error; Can't handle a new call; Normal release by remote end; User cancelled the call; "
+            "Response accepted; Forbidden; User not found/Gone; Request timeout; Conflict; Request Entity Too Large; "
+            "Media type unsupported; Unsupported extension; User temporarily unavailable; Call leg does not exist; "
+            "Address is abmbiguous/too long/incomplete; User busy; Bad event; Request pending; Internal Server Error; "
+            "Service not Implemented; Bad Gateway; Service Unavailable; Gateway Timeout; Busy Everywhere; "
+            "User declined the call; Does Not Exist Anywhere; Not Acceptable; unknow reason; "
+            "No more new calls are acceptable on that endpoint; Poor media quality; Parsing the remote SDP msg failed; "
+            "No codecs matching with remote end; No more processing power available; Remote SDP is not received; "
+            "Disconnection after blind transfer; Callee pattern not matched with listed digitmap; unknow reason; ");
 }
 
 }  // namespace

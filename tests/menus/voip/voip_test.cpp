@@ -2,159 +2,311 @@
 
 #include <cstring>
 
-#include "support/sheet.h"
+#include "support/dialogue.h"
 
 namespace tests {
 namespace {
 
 using std::string;
 
-TEST(Voip, Settings) {
-  hold(R"(== call service: 3 1 again
-call_service_enable=0 | Call Service Call Service Enable?<$>(0:Disable, 1:Enable): | [01] ! 00 Q
-call_transfer_timeout=30 | Call Service  Transfer Timeout?<$>(10-100): | 10..100
-call_hunting_enable=0 | Call Service  Hunting Enable?<$>(0:diable 1:enable): | [01]
-call_hunting_timeout=60 | Call Service  Hunting Timeout?<$>(5~180): | 5..180 | call_hunting_timeout=$ \n
-call_repeat_timeout=256 | Call Service  Repeat Timeout?<$>(1~300): | 1..300
-for # 0 1
-phone_call_service[#].Call_Transfer_Option=2 | Call Service Phone # Call_Transfer_Option?\n0:Restricted\n1:Allowd\n\
-2:User Invovation Required\nCall_Transfer_Option?<$>: | 0..2
-phone_call_service[#].call_forward_option=1 | Call Service Phone # call_forward_option?\n0:Restricted\n1:Allowd\n\
-2:User Invovation Required\ncall_forward_option?<$>: | 0..2
-phone_call_service[#].call_forward_always_uri=a\x0a | Call Service Phone # call_forward_always_uri?\n<$>\n: | line 126
-phone_call_service[#].call_forward_busy_uri=\x0a | Call Service Phone # call_forward_busy_uri?\n<$>\n: | line 126
-phone_call_service[#].call_forward_noans_uri= | Call Service Phone # call_forward_noans_uri?\n<$>\n: | line 126
-phone_call_service[#].call_forward_noans_timeout=1 | Call Service Phone # call_forward_noans_timeout?<$(sec) >\
-( 0~65535(sec) ): | 0 65535 70000>4464 ! 1a -1 4294967296
-phone_call_service[#].call_dnd_enable=0 | Call Service Phone # call_dnd_enable?<$>( 0:disable, 1:enable ): | 0..1
-phone_call_service[#].call_hotline_enable=0 | Call Service Phone # call_hotline_enable?<$>( 0:disable, 1:enable ): \
-| 0..1
-phone_call_service[#].call_hotline_number=5\x0a | Call Service Phone # call_hotline_number?\n<$>\n: | line 126
-phone_call_service[#].call_repeat_enable=0 | Call Service Phone # call_repeat_enable?<$>( 0:disable, 1:enable ): \
-| 0..1
-== phone: 3 2 again
-Tone_Setting=1 | Phone Setting Tone_Setting?\n0:Default\n1:Taiwan\n2:China\n3:US\n4:Japan\n5:India\n\
-Tone_Setting?<$>: | [012345] | \n | ret==0\n
-callerid_type=1 | Phone Setting callerid_type?\n0:Disable\n1:DTMF\n2:FSK Bellcore\n3:FSK ETSI\n4:JAPAN CLIP\n\
-5:JAPAN JCLIP\n6:BT\ncallerid_type?<$>: | [0123456]
-callerid_power_level=255 | Phone Setting callerid_power_level?<$>(0~20): | 0..20
-callerid_baring=0 | Phone Setting callerid_baring?<$>(0:Before Ring, 1:After Ring): | 0..1
-callerid_t1_alertsig=1 | Phone Setting callerid_t1_alertsig?0:No Alert\n1:DTAS\n2:RPAS\n3:LR\n4:LR-DTAS\n\
-callerid_t1_alertsig?<$>: | [01234]
-callerid_t2_alertsig=1 | Phone Setting callerid_t2_alertsig?\n0:No Alert\n1:DTAS\n2:RPAS\n3:LR\n4:LR-DTAS\n\
-callerid_t2_alertsig?<$>: | [01234]
-for # 0 1
-phone_port[#].ring_impedance=2 | Phone # Setting ring_impedance?\n1:600 ohm\n2:900 ohm\n3:Japan (600 ohm + 1uF)\n\
-4:900 ohm + 2.16uF\n5:CTR21\n6:Australia/New Zealand\n7:Slovakia/Slovenia/South Africa\n8:China\n\
-ring_impedance?<$>: | [12345678]
-phone_port[#].hook_flash_detect_ubound=5 | Phone # Setting hook_flash_detect_ubound?<$>(100-3000): | 100..3000
-phone_port[#].hook_flash_detect_lbound=9 | Phone # Setting hook_flash_detect_lbound?<$>(100-3000): | 100..3000
-phone_port[#].voice_tx_level=5 | Phone # Setting voice_tx_level?<$>(3,4,5,6,7): | 3..7
-phone_port[#].voice_rx_level=5 | Phone # Setting voice_rx_level?<$>(3,4,5,6,7): | 3..7
-end
-> /*7 3000/100/ /*7 | &ending | phone_port[0].hook_flash_detect_ubound=3000 phone_port[0].hook_flash_detect_lbound=100
-== E.164: 3 3 again
-e164_call_enable=0 | E.164 Setting Call Enable?<$>(0:Disable, 1:Enable): | [01]
-== fax: 3 4 again
-&opening=
-for # 0 1
-fax_port[#].t38_option=200 | FAX Setting Phone # T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n\
-3:VOICE_AND_FAX_PASS_THROUGH\nT.38 Option?<$>: | 0..3
-== QoS: 3 6 again
-&opening=
-&values=0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n
-qos_type=0 | QOS TOS/Diffserv Setting type?<$>(0:tos, 1:diffserve): | 0..1
-sip_tos=3 | QOS TOS/Diffserv Setting sip_tos?<$>\n &valuessip_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 0016>16 +4>4 -0>0 \
-! 1 3 17 -2 5x 4294967298 18446744073709551618
-rtp_tos=8 | QOS TOS/Diffserv Setting rtp_tos?<$>\n: &valuesrtp_tos?<$>: | 0 2 4 8 16 abc>0 2x>2 ! 1 3 17 -2 5x
-pri_enable=0 | QOS TOS/Diffserv Setting pri_enable?<$>(0 tos, 1 diffserve): | 0..1
-pri_voice=1 | QOS TOS/Diffserv Setting pri_voice?<$>(0-7): | 0..7
-vlan_voice=4294967295 | QOS TOS/Diffserv Setting vlan_voice?<$>(0-1023): | 0..1023
-pri_data=1 | QOS TOS/Diffserv Setting pri_data?<$>(0-7): | 0..7
-vlan_data=1 | QOS TOS/Diffserv Setting vlan_data?<$>(0-1023): | 0..1023
-)");
+Dialogue dialogue_of(const string& label, const string& opening = keep_with_enter) {
+  const Item item = {"VoIP Setting", label};
+  return {.item = item, .refusals = Refusals::ask_again, .opening = opening, .ending = save_and_tell_daemon};
 }
 
-// ---- Records behind a menu of actions that comes back until q; it is their &list ----
+// ---- Settings ----
 
-const string actions = R"( Action?\n0:add a phone number\n1:delete a phone number\n2:modify a phone number\n)"
-                       R"(3:List phone number\nAction :
-&opening=&list\n
-&leave=q\n
-&left=&listq:Exit\n
-)";
-
-TEST(Voip, PhoneBook) {
-  const string book = "&list=Phone Book" + actions, entry = R"(
-+ dial_key= | Phone Book SpeedDial Digit?(0-9,10 = none): | 0..10
-~ - | No=?(0-49): | 0..49 as 7 required
-~ dial_key=10 | DialKey=?(0-9,10 = none): | 0..10
-phone_number=100 | phone number(Max 15 character): | digits 15
-note=n | note(Max 255 character): | text 255 enter>
-)";
-  hold("== add: 3 7 again\n" + book + "&choose=00\\n\n&record=phone_book[0].\n&vacant=phone_number=" + entry);
-  hold("== modify: 3 7 again\n" + book + "&record=phone_book[7].\n&choose=2\\n\n" + entry +
-       R"(> 4/q/|Q/q/|-1/q/|2x/q/|33/q/ | &illegal&left |
-> 3/q/ | Action :\nPhone book\n-*57\nNo.7 &bar DialKey=None &bar Phone number=100\nnoto:n\n-*57\n-*57\n&left |
-> 1/50//x/7/q/ | No=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):&illegalNo=?(0-49):\n&ending&listq:Exit\n \
-| phone_number=\x0000 note=
-> 1/49/q/|1/0/q/ | Action :\nNo=?(0-49):\n&ending&left |
-> 1/q/q/ | No=?(0-49):q:Exit\n&left |
-> 2/8/q/ | No=?(0-49):\ninput No error\n&left |
-= phone_number= dial_key=3 phone_book[9].dial_key=3 phone_book[8].dial_key=4
-> /3/5//q/ | note(Max 255 character):\n&ending&left | phone_book[0].dial_key=3 phone_book[0].phone_number=5 \
-dial_key=10 phone_book[9].dial_key=10
-= dial_key=3 phone_book[9].dial_key=3
-> 2/7////q/ | note(Max 255 character):\n&ending&left | phone_book[9].dial_key=10
-> 2/7/10///q/ | note(Max 255 character):\n&ending&left | dial_key=10
-> 3/q/ | Phone book\n-*57\nNo.7 &bar DialKey=3 &bar Phone number=100\nnote:n\n-*57\n-*57\n&left |
-)");
-  Desk full;  // of texts without a NUL
-  std::memset(&full.settings.phone_book, 'x', sizeof full.settings.phone_book);
-  hold("== full: 3 7 again\n&record=phone_book[49].\n" + book +
-           R"(> 0/q/ | Action :\nPhone book is full\n&left |
-> 3/q/ | \nNo.49 &bar DialKey=120 &bar Phone number=x*128\nnote:x*259\n-*57\n-*57\n&left |
-> 1/49/q/ | &ending&left | phone_number=\x00x*127 note=\x00x*258
-)",
-       full);
+std::vector<Question> call_service_of_phone(std::size_t i) {
+  auto& phone = fields.call_service.phone_call_service[i];
+  const string of_phone = "Call Service Phone " + std::to_string(i) + " ";
+  const string options = "0:Restricted\n1:Allowd\n2:User Invovation Required\n";
+  const string off_on = "?<%d>( 0:disable, 1:enable ):";
+  // Above the range that is shown the low 16 bits are stored.
+  const NumberKind seconds = {{{{"0"}, {"65535"}, {"70000", "4464"}}, {"1a", "-1", "4294967296"}}};
+  return {
+      Question(phone.Call_Transfer_Option, 1 + i,
+               of_phone + "Call_Transfer_Option?\n" + options + "Call_Transfer_Option?<%d>:", number(0, 2)),
+      Question(phone.call_forward_option, 3 + i,
+               of_phone + "call_forward_option?\n" + options + "call_forward_option?<%d>:", number(0, 2)),
+      Question(phone.call_forward_always_uri, "a\\x0a", of_phone + "call_forward_always_uri?\n<%s>\n:", line(126)),
+      Question(phone.call_forward_busy_uri, "\\x0a", of_phone + "call_forward_busy_uri?\n<%s>\n:", line(126)),
+      Question(phone.call_forward_noans_uri, "", of_phone + "call_forward_noans_uri?\n<%s>\n:", line(126)),
+      Question(phone.call_forward_noans_timeout, 256 + i,
+               of_phone + "call_forward_noans_timeout?<%d(sec) >( 0~65535(sec) ):", seconds),
+      Question(phone.call_dnd_enable, 5 + i, of_phone + "call_dnd_enable" + off_on, number(0, 1)),
+      Question(phone.call_hotline_enable, 7 + i, of_phone + "call_hotline_enable" + off_on, number(0, 1)),
+      Question(phone.call_hotline_number, "5\\x0a", of_phone + "call_hotline_number?\n<%s>\n:", line(126)),
+      Question(phone.call_repeat_enable, 9 + i, of_phone + "call_repeat_enable" + off_on, number(0, 1)),
+  };
 }
 
-TEST(Voip, CallScreen) {
-  const string screen = "&list=Call Screen" + actions + R"(&opening=Call_Screen 1\n&list\n
-&which=Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:
-)";
-  Desk nine;
-  for (int i = 20; i < 29; ++i) {
-    nine.set("call_screen[" + std::to_string(i) + "].screen_list", "2");
+TEST(Voip, CallService) {
+  auto& service = fields.call_service;
+  Dialogue dialogue = dialogue_of("Call Service");
+  dialogue.questions = {
+      Question(service.call_service_enable, 0,
+               "Call Service Call Service Enable?<%d>(0:Disable, 1:Enable):", one_of("01")),
+      Question(service.call_transfer_timeout, 30, "Call Service  Transfer Timeout?<%d>(10-100):", number(10, 100)),
+      Question(service.call_hunting_enable, 1, "Call Service  Hunting Enable?<%d>(0:diable 1:enable):", one_of("01")),
+      Question(service.call_hunting_timeout, 60, "Call Service  Hunting Timeout?<%d>(5~180):", number(5, 180),
+               {.shown_behind = "call_hunting_timeout=%d \n"}),
+      Question(service.call_repeat_timeout, 256, "Call Service  Repeat Timeout?<%d>(1~300):", number(1, 300)),
+  };
+  dialogue.questions = dialogue.questions + call_service_of_phone(0) + call_service_of_phone(1);
+  hold(dialogue);
+}
+
+std::vector<Question> signalling_of_phone(std::size_t i) {
+  auto& port = fields.phone.phone_port[i];
+  const string of_phone = "Phone " + std::to_string(i) + " Setting ";
+  return {
+      Question(port.ring_impedance, 2 + i,
+               of_phone + "ring_impedance?\n1:600 ohm\n2:900 ohm\n3:Japan (600 ohm + 1uF)\n4:900 ohm + 2.16uF\n"
+                          "5:CTR21\n6:Australia/New Zealand\n7:Slovakia/Slovenia/South Africa\n8:China\n"
+                          "ring_impedance?<%d>:",
+               one_of("12345678")),
+      // The lower bound may lie above the upper one.
+      Question(port.hook_flash_detect_ubound, 256 + i,
+               of_phone + "hook_flash_detect_ubound?<%d>(100-3000):", number(100, 3000)),
+      Question(port.hook_flash_detect_lbound, 3001 + i,
+               of_phone + "hook_flash_detect_lbound?<%d>(100-3000):", number(100, 3000)),
+      Question(port.voice_tx_level, 3 + i, of_phone + "voice_tx_level?<%d>(3,4,5,6,7):", number(3, 7)),
+      Question(port.voice_rx_level, 5 + i, of_phone + "voice_rx_level?<%d>(3,4,5,6,7):", number(3, 7)),
+  };
+}
+
+TEST(Voip, PhoneSetting) {
+  auto& phone = fields.phone;
+  const string signals = "0:No Alert\n1:DTAS\n2:RPAS\n3:LR\n4:LR-DTAS\n";
+  Dialogue dialogue = dialogue_of("Phone Setting");
+  dialogue.questions = {
+      Question(phone.Tone_Setting, 1,
+               "Phone Setting Tone_Setting?\n0:Default\n1:Taiwan\n2:China\n3:US\n4:Japan\n5:India\n"
+               "Tone_Setting?<%d>:",
+               one_of("012345"), {.shown_behind = "\n", .shown_behind_enter = "ret==0\n"}),
+      Question(phone.callerid_type, 2,
+               "Phone Setting callerid_type?\n0:Disable\n1:DTMF\n2:FSK Bellcore\n3:FSK ETSI\n4:JAPAN CLIP\n"
+               "5:JAPAN JCLIP\n6:BT\ncallerid_type?<%d>:",
+               one_of("0123456")),
+      Question(phone.callerid_power_level, 255, "Phone Setting callerid_power_level?<%d>(0~20):", number(0, 20)),
+      Question(phone.callerid_baring, 0,
+               "Phone Setting callerid_baring?<%d>(0:Before Ring, 1:After Ring):", number(0, 1)),
+      Question(phone.callerid_t1_alertsig, 3,
+               "Phone Setting callerid_t1_alertsig?" + signals + "callerid_t1_alertsig?<%d>:", one_of("01234")),
+      Question(phone.callerid_t2_alertsig, 4,
+               "Phone Setting callerid_t2_alertsig?\n" + signals + "callerid_t2_alertsig?<%d>:", one_of("01234")),
+  };
+  dialogue.questions = dialogue.questions + signalling_of_phone(0) + signalling_of_phone(1);
+  hold(dialogue);
+}
+
+TEST(Voip, E164AndFax) {
+  Dialogue e164 = dialogue_of("E.164 Setting");
+  e164.questions = {
+      Question(fields.e164_call_enable, 0, "E.164 Setting Call Enable?<%d>(0:Disable, 1:Enable):", one_of("01")),
+  };
+  hold(e164);
+
+  Dialogue fax = dialogue_of("FAX Setting", "");
+  const string asked =
+      " T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n3:VOICE_AND_FAX_PASS_THROUGH\n"
+      "T.38 Option?<%d>:";
+  auto& ports = fields.fax_qos.fax_port;
+  fax.questions = {
+      Question(ports[0].t38_option, 200, "FAX Setting Phone 0" + asked, number(0, 3)),
+      Question(ports[1].t38_option, 1, "FAX Setting Phone 1" + asked, number(0, 3)),
+  };
+  hold(fax);
+}
+
+TEST(Voip, QosAndTos) {
+  auto& qos = fields.fax_qos;
+  const string setting = "QOS TOS/Diffserv Setting ";
+  const string values =
+      " 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n";
+  // The number with which an answer begins counts, and 0 where there is none.
+  NumberKind tos;
+  tos.accepted = {{"0"},        {"2"},       {"4"},          {"8"},       {"16"},     {"Q", "0"},
+                  {"abc", "0"}, {"2x", "2"}, {"0016", "16"}, {"+4", "4"}, {"-0", "0"}};
+  tos.refused = {"1", "3", "17", "-2", "5x", "4294967298", "18446744073709551618"};
+  Dialogue dialogue = dialogue_of("QOS/TOS Setting", "");
+  dialogue.questions = {
+      Question(qos.qos_type, 0, setting + "type?<%d>(0:tos, 1:diffserve):", number(0, 1)),
+      Question(qos.sip_tos, 3, setting + "sip_tos?<%d>\n" + values + "sip_tos?<%d>:", tos),
+      Question(qos.rtp_tos, 8, setting + "rtp_tos?<%d>\n:" + values + "rtp_tos?<%d>:", tos),
+      Question(qos.pri_enable, 1, setting + "pri_enable?<%d>(0 tos, 1 diffserve):", number(0, 1)),
+      Question(qos.pri_voice, 6, setting + "pri_voice?<%d>(0-7):", number(0, 7)),
+      Question(qos.vlan_voice, 4294967295, setting + "vlan_voice?<%d>(0-1023):", number(0, 1023)),
+      Question(qos.pri_data, 5, setting + "pri_data?<%d>(0-7):", number(0, 7)),
+      Question(qos.vlan_data, 65536, setting + "vlan_data?<%d>(0-1023):", number(0, 1023)),
+  };
+  hold(dialogue);
+}
+
+// ---- Records behind a menu of actions that comes back until q ----
+
+struct Records {
+  string label, opening, title;
+
+  string menu = title +
+                " Action?\n0:add a phone number\n1:delete a phone number\n2:modify a phone number\n"
+                "3:List phone number\nAction :";
+  string back = menu + "q:Exit\n";
+
+  Item item() const { return {"VoIP Setting", label}; }
+  Dialogue action(const string& number) const {
+    Dialogue dialogue = dialogue_of(label, opening + menu + "\n");
+    dialogue.way_in = number + "\n";
+    dialogue.way_out = "q\n";
+    dialogue.shown_on_the_way_out = back;
+    return dialogue;
   }
-  const string add = "== add: 3 8 again\n" + screen + R"(&choose=0\n
-&record=call_screen[29].
-&vacant=screen_list=255
-- | &which | 0..3 as 2
-screen_list= | | >2
-screen_type= | input type(0: in, 1:out): | 0..9
-screen_number= | input Phone Number: | digits 15 | \n\n
-)";
-  hold(add, nine);
-  hold("== full: 3 8 again\n" + screen + "> /2/1/5/q/ | input Phone Number:\\n\\n&left |",
-       nine.set("call_screen[29].screen_list", "200"));
-  hold("== modify: 3 8 again\n" + screen + R"(&choose=2\n
-&record=call_screen[13].
-- | &which | 0..3 as 1 required
-- | Phone Number List No: | 0..9 as 3 required
-screen_number=5 | input Phone Number: | digits 15 firm
-> 4/q/|Q/q/|-1/q/|2x/q/ | &illegal&left |
-> 1/1/10/x//9/q/ | &illegalPhone Number List No:&illegalPhone Number List No:&illegalPhone Number List No:&ending&left |
-> 1/4//1/q/q/ | \nPhone Number List No:q:Exit\n&left |
-= screen_number=7*130 screen_list=1 call_screen[10].screen_list=0 call_screen[19].screen_list=200
-> 2/1/3//q/ | &ending&left | screen_number=7*15
-> 1/1/3/q/ | &ending&left | screen_list=255
-> 3/1/q/ | \n\nPhone1 Outgoing List\n-*32\nNo.0 phone_number=\nNo.3 phone_number=7*130\nNo.9 phone_number=\n-*32\n\n&left |
-> 3/4/x//q/ | &illegal&which&illegal&which\n\nPhone1 Incoming List\n-*32\n-*32\n\n&left |
-> 1/0/0/q/ | &which\nPhone Number List No:&ending&left |
-> 3/2/q/ | :\n\nPhone2 Incoming List\n-*32\n-*32\n\n&left |
-> 3/3/3/q/q/ | :\n\nPhone2 Outgoing List\n-*32\n-*32\n\n&list\n&whichq:Exit\n&left |
-)");
+};
+
+// One action, and q when the menu is back.
+Answers act(const string& number, const Answers& more = {}) {
+  return Answers{{"Action :", number}} + more + Answers{{"Action :", "q"}};
+}
+
+// ---- Phone book ----
+
+const Records book = {"Phone Book Setting", "", "Phone Book"};
+const string book_rule = string(57, '-') + "\n";
+
+std::vector<Question> questions_of_entry(std::size_t i, const string& key_prompt, const TextKind& note) {
+  auto& entry = fields.phone_book[i];
+  return {
+      Question(entry.dial_key, 10, key_prompt + "?(0-9,10 = none):", number(0, 10)),
+      Question(entry.phone_number, "100", "phone number(Max 15 character):", digits(15), {.marks_free = true}),
+      Question(entry.note, "n", "note(Max 255 character):", note, {.enter_stores = ""}),
+  };
+}
+
+TEST(PhoneBook, EachAction) {
+  for (const char* const refused : {"4", "33", "-1", "2x", "Q"}) {
+    hold(book.item(), Desk(), {Visit(act(refused), illegal_value + book.back)});
+  }
+
+  Dialogue add = book.action("00");
+  add.adding = true;
+  TextKind note = text(255);
+  note.refused.pop_back();  // begins with a NUL: a note may be empty
+  note.accepted.push_back({string("\0t", 2), ""});
+  add.questions = questions_of_entry(0, "Phone Book SpeedDial Digit", note);
+  hold(add);
+
+  Dialogue modify = book.action("2");
+  modify.questions = {Question("No=?(0-49):", number(0, 49), {.only = {"07"}, .required = true})};
+  modify.questions = modify.questions + questions_of_entry(7, "DialKey=", text(255));
+  hold(modify);
+
+  Dialogue remove_free = book.action("1");
+  remove_free.questions = {Question("No=?(0-49):", number(0, 49), {.required = true})};
+  hold(remove_free);
+
+  hold(book.item(), desk_of(modify),
+       {Visit(act("1", {{"No=?", "7"}}), "No=?(0-49):\n" + save_and_tell_daemon + book.back,
+              "phone_book[7].phone_number=\\x0000 phone_book[7].note="),
+        Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + book.back),
+        Visit(act("3"), "Action :\nPhone book\n" + book_rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n" +
+                            book_rule + book_rule + book.back)});
+}
+
+// Whoever else has the key loses it, free entries as well.
+TEST(PhoneBook, AKeyBelongsToOneEntry) {
+  const string saved = "note(Max 255 character):\n" + save_and_tell_daemon + book.back;
+  Desk desk;
+  desk.set("phone_book[7].dial_key", "3").set("phone_book[8].dial_key", "4").set("phone_book[9].dial_key", "3");
+  hold(book.item(), desk,
+       {Visit(act("", {{"SpeedDial Digit", "3"}, {"phone number", "5"}}), saved,
+              "phone_book[0].dial_key=3 phone_book[0].phone_number=5 phone_book[7].dial_key=10 "
+              "phone_book[9].dial_key=10")});
+  desk.set("phone_book[7].phone_number", "100").set("phone_book[7].note", "n");
+  hold(book.item(), desk,
+       {Visit(act("2", {{"No=?", "7"}}), saved, "phone_book[9].dial_key=10"),
+        Visit(act("2", {{"No=?", "7"}, {"DialKey", "10"}}), saved, "phone_book[7].dial_key=10"),
+        Visit(act("3"), "No.7 | DialKey=3 | Phone number=100\nnote:n\n" + book_rule + book_rule + book.back)});
+}
+
+TEST(PhoneBook, FullOfTextsWithoutAnEnd) {
+  Desk desk;
+  std::memset(&desk.settings.phone_book, 'x', sizeof desk.settings.phone_book);
+  const string number(127, 'x'), note(258, 'x');
+  hold(book.item(), desk,
+       {Visit(act("0"), "Action :\nPhone book is full\n" + book.back),
+        Visit(act("3"), "No.49 | DialKey=120 | Phone number=x" + number + "\nnote:x" + note + "\n" + book_rule +
+                            book_rule + book.back),
+        Visit(act("1", {{"No=?", "49"}}), save_and_tell_daemon + book.back,
+              "phone_book[49].phone_number=\\x00" + number + " phone_book[49].note=\\x00" + note)});
+}
+
+// ---- Call screen ----
+
+const Records screen = {"Call Screen", "Call_Screen 1\n", "Call Screen"};
+const string which_list = "Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:";
+
+string list_shown(const string& title, const string& entries = "") {
+  const string rule = string(32, '-') + "\n";
+  return "\n\n" + title + " List\n" + rule + entries + rule + "\n";
+}
+
+TEST(CallScreen, AnAdditionTakesTheLowestFreeEntryOfItsList) {
+  auto& entry = fields.call_screen[2][8];
+  Dialogue add = screen.action("0");
+  add.adding = true;
+  for (std::size_t i = 0; i < 8; ++i) {
+    add.desk.settings.call_screen[2][i].screen_list = 2;
+  }
+  add.questions = {
+      Question(entry.screen_list, 2, which_list, number(0, 3), {.only = {"2"}, .marks_free = true}),
+      Question(entry.screen_type, 0, "input type(0: in, 1:out):", number(0, 9)),
+      Question(entry.screen_number, "", "input Phone Number:", digits(15), {.shown_behind = "\n\n"}),
+  };
+  hold(add);
+
+  Desk full = add.desk;
+  full.set("call_screen[28].screen_list", "200").set("call_screen[29].screen_list", "2");
+  hold(screen.item(), full,
+       {Visit(act("", {{"Phone No.", "2"}, {"input type", "1"}, {"Phone Number", "5"}}),
+              "input Phone Number:\n\n" + screen.back)});
+}
+
+TEST(CallScreen, OtherActions) {
+  const string which_entry = "Phone Number List No:";
+  Dialogue modify = screen.action("2");
+  modify.questions = {
+      Question(which_list, number(0, 3), {.only = {"1"}, .required = true}),
+      Question(which_entry, number(0, 9), {.only = {"3"}, .required = true}),
+      Question(fields.call_screen[1][3].screen_number, "5", "input Phone Number:", digits(15), {.tame = true}),
+  };
+  hold(modify);
+
+  Dialogue remove_free = screen.action("1");
+  remove_free.questions = {
+      Question(which_list, number(0, 3), {.required = true}),
+      Question(which_entry, number(0, 9), {.required = true, .shown_behind = save_and_tell_daemon}),
+  };
+  remove_free.ending = "";
+  hold(remove_free);
+
+  Dialogue list = screen.action("3");
+  list.questions = {Question(which_list, number(0, 3), {.only = {"0"}, .shown_behind = list_shown("Phone1 Incoming")})};
+  list.ending = "";
+  hold(list);
+
+  Desk desk = desk_of(modify);
+  const string sevens(130, '7');  // without an end
+  desk.set("call_screen[10].screen_list", "0").set("call_screen[19].screen_list", "200");
+  desk.set("call_screen[13].screen_list", "1").set("call_screen[13].screen_number", sevens);
+  const string outgoing = "No.0 phone_number=\nNo.3 phone_number=" + sevens + "\nNo.9 phone_number=\n";
+  hold(screen.item(), desk,
+       {Visit(act("2", {{"Phone No.", "1"}, {"List No:", "3"}}), save_and_tell_daemon + screen.back,
+              "call_screen[13].screen_number=" + sevens.substr(0, 15)),
+        Visit(act("1", {{"Phone No.", "1"}, {"List No:", "3"}}), save_and_tell_daemon + screen.back,
+              "call_screen[13].screen_list=255"),
+        Visit(act("3", {{"Phone No.", "1"}}), which_list + list_shown("Phone1 Outgoing", outgoing) + screen.back),
+        Visit(act("3", {{"Phone No.", "2"}}), which_list + list_shown("Phone2 Incoming") + screen.back),
+        Visit(act("3", {{"Phone No.", "3"}}), which_list + list_shown("Phone2 Outgoing") + screen.back)});
 }
 
 }  // namespace

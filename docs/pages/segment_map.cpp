@@ -1,27 +1,31 @@
+// Prints docs/segment-map.md from the field table.
+#include <cstdio>
 #include <string>
 
 #include "config/field_table.h"
 
-namespace config {
 namespace {
 
+using config::Field;
+
 void append_row(std::string& out, const std::string& offset, const Field& field) {
-  out += "| " + offset + " | " + std::to_string(field.width) + " | " + std::string(kind_name(field.kind)) +
-         " | `" + std::string(field.name) + "` |\n";
+  const std::string name(field.name),
+      anchor = (field.table.empty() ? "" : std::string(field.table) + ".") + name;
+  out += "| " + offset + " | " + std::to_string(field.width) + " | " +
+         std::string(config::kind_name(field.kind)) + " | <a id=\"" + anchor + "\"></a>`" + name + "` |\n";
 }
 
 constexpr std::string_view columns = " | Bytes | Type | Name |\n|---|---|---|---|\n";
-
-}  // namespace
 
 std::string segment_map() {
   std::string out =
       "# Map of the configuration segment\n"
       "\n"
       "System V shared memory, key " +
-      std::to_string(ConfigurationSegment::key) + ", " + std::to_string(sizeof(ConfigurationSegment)) +
-      " bytes, little-endian. Printed from the field table by the program\n"
-      "`segment_map`; a test fails when this file and the structs of `config/segment.h` differ.\n"
+      std::to_string(config::ConfigurationSegment::key) + ", " +
+      std::to_string(sizeof(config::ConfigurationSegment)) +
+      " bytes, little-endian. Printed from the field table by\n"
+      "`docs/pages/print`; a test fails when this file and the structs of `config/segment.h` differ.\n"
       "\n"
       "Types: `u8` to `i32` are integers; `IPv4` is four octets in the order in which the address is "
       "written; `MAC`\n"
@@ -30,7 +34,7 @@ std::string segment_map() {
       "bytes belong to other programs, the console never writes them.\n";
   std::string_view heading = "none yet";
   std::size_t record = 0;  // where the table's first record starts, with its first field
-  for (const Field& field : field_table()) {
+  for (const Field& field : config::field_table()) {
     if (field.table != heading) {
       heading = field.table;
       record = field.offset;
@@ -49,4 +53,8 @@ std::string segment_map() {
   return out;
 }
 
-}  // namespace config
+}  // namespace
+
+int main() {
+  return std::fputs(segment_map().c_str(), stdout) < 0 ? 1 : 0;
+}

@@ -1,0 +1,154 @@
+// Visits to menu items of the console, on a device that is played, for the programs that print pages of them.
+//
+// Each line of standard input asks for some visits, one behind the other: the numbers of submenu and item,
+// then the answers, a tab behind each; a field "then" begins the next visit. The first finds the factory
+// settings, of the file that the argument names. What the last one shows and does is printed as one line of
+// JSON. "menus" asks for the screens of all submenus, with their labels.
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "config/field_table.h"
+#include "menus/menu_tree.h"
+#include "shell/session.h"
+#include "stored_settings.h"
+#include "support/device.h"
+
+namespace {
+
+using config::ConfigurationSegment;
+using std::string;
+using Strings = std::vector<string>;
+
+// What the device's tools say, for the status pages.
+void play_tools(tests::Device& device) {
+  device.command_output = {
+      {"/bin/date", "Mon Mar 15 14:30:05 UTC 2010\n"},
+      {"/bin/uptime", " 14:30:05 up 1 day,  2:03,  load average: 0.00, 0.01, 0.05\n"},
+      {"/sbin/ifconfig eth0",
+       "eth0      Link encap:Ethernet  HWaddr 00:11:22:33:44:55\n"
+       "          inet addr:203.0.113.10  Bcast:203.0.113.255  Mask:255.255.255.0\n"},
+      {"/sbin/ifconfig eth1",
+       "eth1      Link encap:Ethernet  HWaddr 00:11:22:33:44:56\n"
+       "          inet addr:192.168.1.1  Bcast:192.168.1.255  Mask:255.255.255.0\n"},
+      {"route -n | awk '{print $2\" \"$4}' ", "203.0.113.1 UG\n"},
+  };
+  device.files = {{"/etc/resolv.conf", "nameserver 203.0.113.1\nnameserver 203.0.113.2\n"},
+                  {"/tmp/messages.tmp", "Mar 15 14:29:58 web_server settings stored\n"},
+                  {"/opt/webctrl/meta/metafile.dat.default", "host_name=NTX4830\n"}};
+}
+
+string quoted(const string& text) {
+  string quoted = "\"";
+  for (const char c : text) {
+    char escaped[8] = {c, 0};
+    if (c == '"' || c == '\\' || (c >= 0 && c < ' ')) {
+      std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+    }
+    quoted += escaped;
+  }
+  return quoted + "\"";
+}
+
+string list(const Strings& texts) {
+  string all;
+  for (const string& text : texts) {
+    all += (all.empty() ? "" : ",") + quoted(text);
+  }
+  return "[" + all + "]";
+}
+
+string changes(const ConfigurationSegment& before, const ConfigurationSegment& after) {
+  string all;
+  for (const config::Field& field : config::field_table()) {
+    for (std::size_t i = 0; i < field.count; ++i) {
+      if (!std::ranges::equal(config::field_bytes(field, i, before), config::field_bytes(field, i, after))) {
+        const string name = config::field_name(field, i), value = config::field_value(field, i, after);
+        all += (all.empty() ? "" : ",") + quoted(name) + ":" + quoted(value);
+      }
+    }
+  }
+  return "{" + all + "}";
+}
+
+// One visit, over these settings. "shown" is what stands before each question and behind the last answer;
+// "over", that the dialogue ended by itself.
+string visit(ConfigurationSegment& settings, const Strings& numbers_and_answers) {
+  const string back =
+      string(menus::menu_tree.at(std::stoul(numbers_and_answers.at(0)))->screen()) + "[4830NT]#";
+  tests::Device device;
+  device.settings = settings;
+  device.settings.admin.admin_user_name = device.settings.admin.admin_password = {};
+  device.login.idle_timeout = 300;
+  play_tools(device);
+  device.input = {"\n", "\n"};
+  for (const string& line : numbers_and_answers) {
+    device.input.push_back(line + "\n");
+  }
+  const std::size_t first = 4;  // wait: name, password and the two numbers come before it
+  std::size_t questions_end = 0;
+  device.on_wait = [&](std::size_t wait) {
+    if (wait >= first && questions_end == 0 && device.transcript.ends_with(back)) {
+      questions_end = wait;
+      device.input.clear();
+    }
+  };
+  tests::use_device(device);
+  tests::run_to_exit([] { shell::run_console(menus::menu_tree); });
+
+  const bool is_back = questions_end != 0;
+  const bool ended_itself = !is_back && device.waits.size() <= numbers_and_answers.size() + 2;
+  Strings shown;
+  for (std::size_t wait = first; wait <= device.waits.size(); ++wait) {
+    const std::size_t begin = device.waits[wait - 1];
+    const std::size_t end = wait < device.waits.size() ? device.waits[wait] : device.transcript.size();
+    shown.push_back(device.transcript.substr(begin, end - begin));
+  }
+  if (!ended_itself) {
+    shown.pop_back();  // the end of the connection
+  }
+  if (is_back) {
+    shown.back().resize(shown.back().size() - back.size());
+  }
+  const ConfigurationSegment before = settings;
+  settings = device.settings;
+  return "{\"shown\":" + list(shown) + ",\"over\":" + (is_back || ended_itself ? "true" : "false") +
+         ",\"saved\":" + (device.saved ? "true" : "false") +
+         ",\"changed\":" + (device.saved ? changes(before, settings) : "{}") + "}";
+}
+
+}  // namespace
+
+int main(int /*count*/, char** arguments) {
+  ConfigurationSegment factory{};
+  if (!desk::load_settings("/dev/null", arguments[1], factory)) {
+    return 1;
+  }
+  factory.admin.admin_user_name = factory.admin.admin_password = {};
+  for (string line; std::getline(std::cin, line);) {
+    if (line == "menus") {
+      Strings screens;
+      for (const shell::Submenu* submenu : menus::menu_tree) {
+        screens.push_back(string(submenu->label()) + "\n" + string(submenu->screen()));
+      }
+      std::cout << list(screens) << std::endl;
+      continue;
+    }
+    ConfigurationSegment settings = factory;
+    std::istringstream fields(line);
+    Strings numbers_and_answers;
+    for (string field; std::getline(fields, field, '\t');) {
+      if (field == "then") {
+        visit(settings, numbers_and_answers);
+        numbers_and_answers.clear();
+      } else {
+        numbers_and_answers.push_back(field);
+      }
+    }
+    std::cout << visit(settings, numbers_and_answers) << std::endl;
+  }
+  return 0;
+}

@@ -1,0 +1,151 @@
+#include "menus/status/system_state.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+#include "config/values.h"
+#include "platform/line_reader.h"
+#include "platform/platform.h"
+#include "shell/apply.h"
+#include "shell/command_output.h"
+#include "shell/output.h"
+
+namespace menus::status {
+namespace {
+
+constexpr std::string_view nothing_found = "\n";
+
+bool contains(std::string_view text, const char* part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+std::string_view up_to(std::string_view text, char end) {
+  return text.substr(0, text.find(end));
+}
+
+// What stands behind the marker and `gap` more characters, whichever they are; empty when there is no such
+// place in the text.
+std::string_view behind(std::string_view text, std::string_view marker, std::size_t gap) {
+  const std::size_t at = text.find(marker);
+  return at == std::string_view::npos ? std::string_view{}
+                                      : text.substr(std::min(at + marker.size() + gap, text.size()));
+}
+
+void show_value(const char* label, const char* name, std::string_view value) {
+  shell::print("%s %s : %.*s\n", label, name, static_cast<int>(value.size()), value.data());
+}
+
+shell::CommandOutput ifconfig(const char* interface) {
+  char command[32];
+  std::snprintf(command, sizeof command, "/sbin/ifconfig %s", interface);
+  return shell::CommandOutput(command);
+}
+
+void show_interface_mac(const char* interface, const char* label) {
+  shell::CommandOutput output = ifconfig(interface);
+  if (!output.started()) {
+    shell::put(nothing_found);
+    return;
+  }
+  const std::string_view line = output.next_line();
+  if (!contains(line, "error")) {
+    show_value(label, "MAC Address", behind(up_to(line, '\n'), "HWaddr", 1));
+  }
+}
+
+// Shows ppp0's line in the list of interfaces that are up; says so when there is none. False when there is
+// nothing more to show.
+bool ppp_link_is_up() {
+  shell::run_command("/sbin/ifconfig | grep ppp0 > /tmp/ppp_test");
+  const int found = platform::open_for_reading("/tmp/ppp_test");
+  if (found < 0) {
+    return false;
+  }
+  std::array<char, 254> buffer;
+  const std::string_view line = platform::LineReader(found).next(buffer);
+  platform::close_file(found);
+  shell::put(line);
+  shell::put("\n");
+  const bool up = contains(line, "ppp0");
+  if (!up) {
+    shell::put("WAN is disconnection!\n");
+  }
+  return up;
+}
+
+}  // namespace
+
+void show_system_date() {
+  shell::CommandOutput date("/bin/date");
+  const std::string_view line = date.next_line();
+  shell::put(line.empty() ? nothing_found : line);
+}
+
+void show_up_time() {
+  shell::CommandOutput uptime("/bin/uptime");
+  const std::string_view line = uptime.next_line();
+  if (line.empty()) {
+    shell::put(nothing_found);
+  } else if (contains(line, ",")) {
+    shell::put(behind(up_to(line, ','), "up", 1));
+    shell::put("\n");
+  }
+}
+
+void show_default_gateway() {
+  shell::CommandOutput routes("route -n | awk '{print $2\" \"$4}' ");
+  std::string_view line;
+  do {
+    line = routes.next_line();
+  } while (!line.empty() && (!contains(line, "UG") || contains(line, "UGH")));
+  const std::size_t flags = std::min(line.find("UG"), line.size());
+  shell::put(line.substr(0, flags == 0 ? 0 : flags - 1));
+  shell::put("\n");
+}
+
+void show_interface_addresses(const char* interface, const char* label) {
+  const bool is_ppp = std::string_view(interface) == "ppp0";
+  if (is_ppp && !ppp_link_is_up()) {
+    return;
+  }
+  shell::CommandOutput output = ifconfig(interface);
+  if (!output.started()) {
+    shell::put(nothing_found);
+    return;
+  }
+  if (contains(output.next_line(), "error")) {
+    return;
+  }
+  show_interface_mac(is_ppp ? "eth0" : interface, label);
+  const std::string_view addresses = behind(up_to(output.next_line(), '\n'), "inet addr:", 0);
+  show_value(label, "IP Address", up_to(addresses, ' '));
+  show_value(label, "Subnet Mask", behind(addresses, "Mask:", 0));
+}
+
+void show_dns_servers() {
+  std::array<config::Text<100>, 5> servers{};
+  std::size_t count = 0;
+  const int file = platform::open_for_reading("/etc/resolv.conf");
+  if (file >= 0) {
+    platform::LineReader lines(file);
+    std::array<char, 99> buffer;
+    std::string_view line;
+    while (count < servers.size() && !(line = lines.next(buffer)).empty()) {
+      if (contains(line, "nameserver")) {
+        servers[count++].assign(behind(up_to(line, '\n'), "nameserver", 1));
+      }
+    }
+    platform::close_file(file);
+  }
+  shell::print("DNS 1 (Primary):%s\n", servers[0].bytes.data());
+  shell::print("DNS 2 (Secondary):%s\n", servers[1].bytes.data());
+  shell::put("Other DNS: ");
+  for (std::size_t i = 2; i < count; ++i) {
+    shell::print("%s,", servers[i].bytes.data());
+  }
+  shell::put("\n");
+}
+
+}  // namespace menus::status

@@ -1,0 +1,45 @@
+"""What lies in the flash partition when the device boots, and what becomes of it."""
+
+import re
+
+from desk import eventually
+
+
+def test_stored_rules_are_in_force_from_boot_until_they_are_deleted_and_useless_lines_are_told(desk):
+    desk.store("no_such_setting=1\nmac_filter_enable=200\nmac_filter_table[31].enable=1\n"
+               "mac_filter_table[31].schedule_mode=9\nmac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n")
+    child = desk.spawn("./run")
+    child.expect("./run --log names their lines.*Username:")
+    desk.wait_for_log("web_server: /dev/mtdblock/5, line 1 names no setting")
+    assert desk.shell("cat /var/run/filter.rules") == "MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat\n"
+    child.log_in().visit("Advanced Network Setting", "MAC Filter", {
+        "Enable MAC Filter Function?": "1", "Add new rule": "1", "What item": "31", "Del or Edit": "0"})
+    assert desk.shell("cat /var/run/filter.rules") == ""
+
+
+def test_voice_lines_follow_the_stored_accounts_and_have_calls(desk):
+    assert desk.run("--calls", "3").stderr == "The call log has 3 past calls.\n"
+    desk.store("sip_line[*].phone_enable=1\nsip_line[0].phone_number=5551000\nsip_line[*].auth_password=secret\n"
+               "sip_server[*].registrar_address=sip.example.net\nsip_line[1].phone_number=\\x1b[31m%s%n\\x0ab\n")
+    child = desk.console().log_in()
+    for state in r"talking +\|\w+ +\|registered +\|registered ", r"disabled +\|\w+ +\|disabled +\|registered ":
+        eventually(lambda: child.visit("Status", "Line State"), lambda page: re.search(state, page))
+        child.visit("SIP setting", "Account Setting", {"Phone 0 Enable?": "0"})
+    calls = child.visit("Status", "Call Detailed Record")
+    assert len(re.findall("\n555\\d+ *\\|", calls)) > 3 and "Service Unavailable" in calls
+    assert "secret" not in desk.wait_for_log('line 0 "5551000" at "sip.example.net", line 1 "?[31m%s%n?b"')
+
+
+def test_a_copy_of_the_settings_that_is_not_whole_counts_for_nothing_and_a_text_at_the_start_counts_instead(desk):
+    child = desk.console().log_in()
+    for port in "5099", "5071":
+        child.visit("SIP setting", "Basic Setting", {"SIP Port Number?": port})
+    image = desk.partition.read_bytes()
+    copy = image.rindex(b"#copy")
+    number, size = copy + 24, copy + 26  # the last digit of one, the first of the other
+    for partition, port in (
+            (image, "5071"), (image[:-1], "5099"), (image[:-2] + b"\xff\n", "5099"), (image[:copy], "5099"),
+            (image[:number] + b"9" + image[number + 1:], "5099"), (image[:size] + b"9" + image[size + 1:], "5099"),
+            (b"sip_port=5088\nsip_port=50\xff" + image[26:], "5088")):
+        desk.partition.write_bytes(partition)
+        assert desk.show("sip_port") == f"sip_port={port}\n"

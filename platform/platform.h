@@ -84,10 +84,13 @@ struct CommandStream {
 CommandStream open_command(const char* command);
 void close_command(CommandStream stream);  // waits for the command to end
 
-// Runs a program without a shell and with standard input, output and error closed; `new_session` detaches it
-// from the terminal. `arguments` ends with nullptr. Returns the exit status, 255 when the program cannot be
-// started, 128 + the signal's number when a signal ended it.
-int run_program(const char* path, const char* const arguments[], bool new_session);
+// Whether a program can be reached from the terminal, or has a session of its own.
+enum class Terminal : std::uint8_t { kept, left };
+
+// Runs a program without a shell and with standard input, output and error closed. `arguments` ends with
+// nullptr. Returns the exit status, 255 when the program cannot be started, 128 + the signal's number when a
+// signal ended it.
+int run_program(const char* path, const char* const arguments[], Terminal terminal);
 
 // Flushes the file systems to storage.
 void sync_storage();
@@ -102,6 +105,8 @@ int open_for_writing(const char* path);  // creates or truncates
 std::ptrdiff_t read_some(int descriptor, std::span<char> into);
 // 0, or a negative errno value when not all of it was written.
 int write_all(int descriptor, std::string_view bytes);
+// Returns once storage has what was written. 0, or a negative errno value.
+int flush_file(int descriptor);
 // Back to the first byte. 0, or a negative errno value.
 int rewind_file(int descriptor);
 // 0, or the negative errno value with which the last write-back failed. Never call it twice.

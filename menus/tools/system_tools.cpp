@@ -25,7 +25,7 @@ void ping_host() {
   config::strip_newline(shell::line_buffer());
   const char* const arguments[] = {"ping", "-c", "1", shell::line_buffer().data(), nullptr};
   shell::flush_output();
-  const int status = platform::run_program("/bin/ping", arguments, false);
+  const int status = platform::run_program("/bin/ping", arguments, platform::Terminal::kept);
   if (status == 0) {
     shell::put("PING Success.\n");
   } else if (status == 255) {
@@ -37,7 +37,7 @@ void ping_host() {
 
 // Returns false.
 bool report_failure(const char* path, const char* reason) {
-  shell::print("%s: %s\n", path, reason);
+  shell::put(path, ": ", reason, '\n');
   return false;
 }
 
@@ -72,6 +72,11 @@ bool copy_lines(int defaults, const char* path) {
   for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
     write_error = platform::write_all(partition, piece);
   }
+  // While another program has the partition open, closing it leaves the last erase block in the kernel's
+  // memory, and so does sync().
+  if (write_error == 0) {
+    write_error = platform::flush_file(partition);
+  }
   const int close_error = platform::close_file(partition);
   if (write_error != 0 || close_error != 0) {
     return report_failure(config::settings_partition, write_error != 0 ? write_error : close_error);
@@ -104,7 +109,7 @@ void factory_reset() {
   platform::sync_storage();
   platform::sleep_seconds(1);
   const char* const arguments[] = {"bbreboot", nullptr};
-  platform::run_program("/sbin/bbreboot", arguments, true);
+  platform::run_program("/sbin/bbreboot", arguments, platform::Terminal::left);
   shell::end_console();
 }
 

@@ -181,8 +181,8 @@ void close_command(CommandStream stream) {
   close_file(stream.descriptor);
 }
 
-int run_program(const char* path, const char* const arguments[], bool new_session) {
-  string line = new_session ? string("setsid ") + path : path;
+int run_program(const char* path, const char* const arguments[], Terminal terminal) {
+  string line = terminal == Terminal::left ? string("setsid ") + path : path;
   for (; *arguments != nullptr; ++arguments) {
     line += string(" [") + *arguments + "]";
   }
@@ -224,6 +224,10 @@ int write_all(int descriptor, std::string_view bytes) {
   const int failed = result("write " + path, ENOSPC);
   current->files[path] += failed == 0 ? bytes : "";
   return failed;
+}
+
+int flush_file(int descriptor) {
+  return result("flush " + open_files.at(descriptor).path, EIO);
 }
 
 int rewind_file(int descriptor) {

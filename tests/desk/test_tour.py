@@ -102,25 +102,25 @@ def walk(child):
     assert not unseen
 
 
-def tour(state, preset="release"):
+def tour(desk):
     """What a walk shows, without what is of the moment, and what it leaves behind; and the device's log."""
-    with Desk(state, preset) as desk:
-        desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
-        child = desk.console().log_in()
-        # The snapshot of the log is made only when there is none.
-        desk.shell("while [ $((i += 1)) -le 25 ]; do echo entry $i %s; done >/var/tmp/messages.tmp")
-        child.logfile_read = io.StringIO()
-        walk(child)
-        shown = MOMENT.sub(r"\1\2", child.logfile_read.getvalue().replace("\r\n", "\n"))
-        shown += desk.shell("cd /var/run && cat nat.rules filter.rules staticroute.rules upnpd.rules")
-        if desk.owns_network():
-            shown += desk.shell("route -n") + desk.lease("02:00:5e:aa:bb:cc")
-        return shown + desk.partition.read_text("latin-1"), desk.wait_for_log('phone 0 forwards to "one"')
+    desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
+    child = desk.console().log_in()
+    # The snapshot of the log is made only when there is none.
+    desk.shell("while [ $((i += 1)) -le 25 ]; do echo entry $i %s; done >/var/tmp/messages.tmp")
+    child.logfile_read = io.StringIO()
+    walk(child)
+    shown = MOMENT.sub(r"\1\2", child.logfile_read.getvalue().replace("\r\n", "\n"))
+    shown += desk.shell("cd /var/run && cat nat.rules filter.rules staticroute.rules upnpd.rules")
+    if desk.owns_network():
+        shown += desk.shell("route -n") + desk.lease("02:00:5e:aa:bb:cc")
+    return shown + desk.show(), desk.wait_for_log('phone 0 forwards to "one"')
 
 
 @pytest.fixture(scope="module")
 def toured(tmp_path_factory):
-    return tour(tmp_path_factory.mktemp("walk"))
+    with Desk(tmp_path_factory.mktemp("walk")) as desk:
+        return tour(desk)
 
 
 def test_what_is_set_on_a_walk_through_all_menus_is_in_force(toured):
@@ -141,7 +141,8 @@ def test_what_is_set_on_a_walk_through_all_menus_is_in_force(toured):
 def test_arm_shows_and_stores_the_same(toured, tmp_path):
     if not (which("arm-linux-gnueabihf-g++") and which("qemu-arm")):
         pytest.skip("The programs for Arm need the packages g++-arm-linux-gnueabihf and qemu-user.")
-    assert tour(tmp_path, preset="arm")[0].splitlines() == toured[0].splitlines()
+    with Desk(tmp_path, preset="arm") as desk:
+        assert tour(desk)[0].splitlines() == toured[0].splitlines()
 
 
 def memory(desk, program, walks=False):

@@ -1,5 +1,6 @@
-// Prints stored settings by name: a field, a record of a table ("virtual_server_table[0]") or a whole table.
-// The device's scripts read their settings with it, and so does a person at the desk.
+// Prints stored settings by name: a field, a record of a table ("virtual_server_table[0]") or a whole table;
+// all of them without a name. The device's scripts read their settings with it, and so does a person at the
+// desk.
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -12,8 +13,8 @@ namespace {
 
 // "sip_line" and "sip_line[0]" lead to "sip_line[0].phone_number"; "sip_l" does not.
 bool leads_to(std::string_view wanted, std::string_view name) {
-  return name.starts_with(wanted) &&
-         (name.size() == wanted.size() || name[wanted.size()] == '.' || name[wanted.size()] == '[');
+  return name.starts_with(wanted) && (wanted.empty() || name.size() == wanted.size() ||
+                                      name[wanted.size()] == '.' || name[wanted.size()] == '[');
 }
 
 bool show(std::string_view wanted, const config::ConfigurationSegment& settings) {
@@ -33,8 +34,8 @@ bool show(std::string_view wanted, const config::ConfigurationSegment& settings)
 }  // namespace
 
 int main(int count, char* arguments[]) {
-  if (count < 4) {
-    std::fputs("usage: show_settings PARTITION DEFAULTS NAME...\n", stderr);
+  if (count < 3) {
+    std::fputs("usage: show_settings PARTITION DEFAULTS [NAME...]\n", stderr);
     return 2;
   }
   const auto settings = std::make_unique<config::ConfigurationSegment>();
@@ -43,6 +44,9 @@ int main(int count, char* arguments[]) {
     return 1;
   }
   int status = 0;
+  if (count == 3) {
+    show("", *settings);
+  }
   for (int i = 3; i < count; ++i) {
     if (!show(arguments[i], *settings)) {
       std::fprintf(stderr, "No setting is called %s; docs/segment-map.md lists all names.\n", arguments[i]);

@@ -1,9 +1,7 @@
 #include "stored_settings.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fstream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,19 +41,17 @@ const char* apply_line(std::string_view line, ConfigurationSegment& segment) {
   return nullptr;
 }
 
-// How many lines were used. A missing file has none.
-std::size_t apply_file(const char* path, ConfigurationSegment& segment) {
-  std::ifstream file(path);
-  if (!file && errno != ENOENT) {
-    std::fprintf(stderr, "%s cannot be read: %s\n", path, std::strerror(errno));
-  }
+// How many lines were used.
+std::size_t apply_text(const char* path, std::string_view text, ConfigurationSegment& segment) {
   std::size_t used = 0;
-  std::string line;
-  for (std::size_t number = 1; std::getline(file, line); ++number) {
-    if (line.empty() || line[0] == '#') {
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const bool whole = line.size() < text.size();
+    text.remove_prefix(line.size() + (whole ? 1 : 0));
+    if (whole && (line.empty() || line[0] == '#')) {
       continue;
     }
-    if (const char* const complaint = apply_line(line, segment)) {
+    if (const char* const complaint = whole ? apply_line(line, segment) : "was cut off") {
       std::fprintf(stderr, "%s, line %zu %s and is skipped: %s\n", path, number, complaint,
                    printable(line, 60).c_str());
     } else {
@@ -69,18 +65,24 @@ std::size_t apply_file(const char* path, ConfigurationSegment& segment) {
 
 bool load_settings(const char* partition, const char* defaults, ConfigurationSegment& segment) {
   segment = {};
-  const std::size_t from_factory = apply_file(defaults, segment);
-  return apply_file(partition, segment) + from_factory > 0;
+  const std::size_t from_factory = apply_text(defaults, read_text(defaults), segment);
+  const std::string written = read_text(partition);
+  return apply_text(partition, written.empty() ? read_copy(partition) : written, segment) + from_factory > 0;
 }
 
-bool store_settings(const char* partition, const ConfigurationSegment& segment) {
+bool store_settings(const char* partition, const char* defaults, const ConfigurationSegment& segment) {
+  const auto factory = std::make_unique<ConfigurationSegment>();
+  apply_text(defaults, read_text(defaults), *factory);
   std::string text = "#ver." FIRMWARE_VERSION "\n";
   for (const config::Field& field : config::field_table()) {
     for (std::size_t i = 0; i < field.count && field.kind != config::Field::Kind::reserved; ++i) {
-      text += config::field_name(field, i) + '=' + config::field_value(field, i, segment) + '\n';
+      const std::string value = config::field_value(field, i, segment);
+      if (value != config::field_value(field, i, *factory)) {
+        text += config::field_name(field, i) + '=' + value + '\n';
+      }
     }
   }
-  return replace_contents(partition, text);
+  return store_copy(partition, text);
 }
 
 }  // namespace desk

@@ -47,7 +47,8 @@ bool hold_login(std::uint32_t address, std::uint32_t seconds) {
 bool dump_share() {
   const auto* const segment =
       desk::attach_record<config::ConfigurationSegment>(config::ConfigurationSegment::key);
-  return segment != nullptr && desk::store_settings(config::settings_partition, *segment);
+  return segment != nullptr &&
+         desk::store_settings(config::settings_partition, config::factory_defaults, *segment);
 }
 
 }  // namespace

@@ -105,6 +105,8 @@ int open_for_writing(const char* path);  // creates or truncates
 std::ptrdiff_t read_some(int descriptor, std::span<char> into);
 // 0, or a negative errno value when not all of it was written.
 int write_all(int descriptor, std::string_view bytes);
+// Returns once storage has what was written. 0, or a negative errno value.
+int flush_file(int descriptor);
 // Back to the first byte. 0, or a negative errno value.
 int rewind_file(int descriptor);
 // 0, or the negative errno value with which the last write-back failed. Never call it twice.
@@ -113,8 +115,10 @@ const char* error_text(int error);
 
 // ---- UDP ----
 
-// All return 0 or more, or a negative errno value. Addresses hold the first octet in the lowest-addressed
-// byte; ports are in host order.
+// The descriptors' calls return 0 or more, or a negative errno value. Addresses hold the first octet in the
+// lowest-addressed byte; ports are in host order. False, with `address` as it was, when the text is no dotted
+// address.
+bool parse_address(const char* text, std::uint32_t& address);
 int open_udp_socket();
 int bind_udp_to_any(int socket);
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
+#include <sstream>
 #include <string_view>
 
 #include "flash.h"
@@ -42,10 +42,12 @@ bool is_call(std::string_view line) {
 }  // namespace
 
 void add_to_call_log(const char* partition, const Call& call) {
-  std::ofstream file(partition, std::ios::app);
-  if (!(file << line_of(call) << std::flush)) {
-    std::fprintf(stderr, "%s does not take a call\n", partition);
+  const std::string line = line_of(call);
+  if (append_line(partition, line)) {
+    return;
   }
+  tidy_call_log(partition);  // a chip may be full
+  append_line(partition, line);
 }
 
 bool replace_call_log(const char* partition, std::span<const Call> oldest_first) {
@@ -53,13 +55,13 @@ bool replace_call_log(const char* partition, std::span<const Call> oldest_first)
   for (const Call& call : oldest_first) {
     lines += line_of(call);
   }
-  return replace_contents(partition, lines);
+  return replace_text(partition, lines);
 }
 
 std::vector<std::string> latest_calls(const char* partition) {
   std::vector<std::string> lines;
-  std::ifstream file(partition);
-  for (std::string line; std::getline(file, line);) {
+  std::istringstream text(read_text(partition));
+  for (std::string line; std::getline(text, line);) {
     if (is_call(line)) {
       lines.push_back(line);
     }
@@ -76,7 +78,7 @@ void tidy_call_log(const char* partition) {
     lines += *line + '\n';
   }
   if (!lines.empty()) {
-    replace_contents(partition, lines);
+    replace_text(partition, lines);
   }
 }
 

@@ -45,7 +45,7 @@ string quoted(const string& text) {
   string quoted = "\"";
   for (const char c : text) {
     char escaped[8] = {c, 0};
-    if (c == '"' || c == '\\' || (c >= 0 && c < ' ')) {
+    if (c == '"' || c == '\\' || static_cast<unsigned char>(c) < ' ') {
       std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
     }
     quoted += escaped;

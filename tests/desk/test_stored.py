@@ -29,3 +29,18 @@ def test_voice_lines_follow_the_stored_accounts_and_have_calls(desk):
     calls = child.visit("Status", "Call Detailed Record")
     assert len(re.findall("\n555\\d+ *\\|", calls)) > 3 and "Service Unavailable" in calls
     assert "secret" not in desk.wait_for_log('line 0 "5551000" at "sip.example.net", line 1 "?[31m%s%n?b"')
+
+
+def test_a_copy_of_the_settings_that_is_not_whole_counts_for_nothing_and_a_text_at_the_start_counts_instead(desk):
+    child = desk.console().log_in()
+    for port in "5099", "5071":
+        child.visit("SIP setting", "Basic Setting", {"SIP Port Number?": port})
+    image = desk.partition.read_bytes()
+    copy = image.rindex(b"#copy")
+    number, size = copy + 24, copy + 26  # the last digit of one, the first of the other
+    for partition, port in (
+            (image, "5071"), (image[:-1], "5099"), (image[:-2] + b"\xff\n", "5099"), (image[:copy], "5099"),
+            (image[:number] + b"9" + image[number + 1:], "5099"), (image[:size] + b"9" + image[size + 1:], "5099"),
+            (b"sip_port=5088\nsip_port=50\xff" + image[26:], "5088")):
+        desk.partition.write_bytes(partition)
+        assert desk.show("sip_port") == f"sip_port={port}\n"

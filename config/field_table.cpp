@@ -40,36 +40,54 @@ consteval std::string_view last_component(std::string_view path) {
   return path.substr(path.rfind('.') + 1);  // npos + 1 is 0
 }
 
+consteval std::string_view first_component(std::string_view path) {
+  return path.substr(0, path.find('.'));
+}
+
 template <typename T>
 consteval Field checked(std::string_view table, std::string_view path, std::size_t expected,
                         std::size_t actual, std::size_t count, std::size_t stride) {
   if (expected != actual) {
     offset_differs_from_what_other_programs_rely_on();
   }
-  return {last_component(table), last_component(path), expected, KindOf<T>::value, sizeof(T), count, stride};
+  return {first_component(table.empty() ? path : table),
+          last_component(table),
+          last_component(path),
+          expected,
+          KindOf<T>::value,
+          sizeof(T),
+          count,
+          stride};
 }
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a type
 #define MEMBER_TYPE(record, path) std::remove_cvref_t<decltype(std::declval<record&>().path)>
 
 // A single field or reserved range, with the offset that is promised.
-#define NAMED(expected, path, name)                                                                          \
-  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, name, expected, offsetof(ConfigurationSegment, path), \
-                                                   1, sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
-#define ONE(expected, path) NAMED(expected, path, #path)
+#define ONE(expected, path)                                                                 \
+  checked<MEMBER_TYPE(ConfigurationSegment, path)>({}, #path, expected,                     \
+                                                   offsetof(ConfigurationSegment, path), 1, \
+                                                   sizeof(MEMBER_TYPE(ConfigurationSegment, path)))
 
-#define TUNNEL(expected, path, prefix, first_reserved, second_reserved)     \
-  NAMED(expected, path.account, prefix "_account"),                         \
-      NAMED((expected) + 128, path.password, prefix "_password"),           \
-      NAMED((expected) + 256, path.connect_type, prefix "_connect_type"),   \
-      NAMED((expected) + 257, path.reserved_257, first_reserved),           \
-      NAMED((expected) + 260, path.max_idle_time, prefix "_max_idle_time"), \
-      NAMED((expected) + 264, path.server, prefix "_server"),               \
-      NAMED((expected) + 392, path.type, prefix "_type"),                   \
-      NAMED((expected) + 393, path.reserved_393, second_reserved),          \
-      NAMED((expected) + 396, path.static_ip, prefix "_static_ip"),         \
-      NAMED((expected) + 400, path.netmask, prefix "_netmask"),             \
-      NAMED((expected) + 404, path.gateway, prefix "_gateway")
+// A field of a tunnel: the tunnel's promised offset and the field's within it. Its name has the tunnel in it.
+#define TUNNEL_FIELD(expected, path, relative, member, name)                      \
+  checked<MEMBER_TYPE(TunnelSettings, member)>(                                   \
+      {}, name, (expected) + (relative),                                          \
+      offsetof(ConfigurationSegment, path) + offsetof(TunnelSettings, member), 1, \
+      sizeof(MEMBER_TYPE(TunnelSettings, member)))
+
+#define TUNNEL(expected, path, first_reserved, second_reserved)                 \
+  TUNNEL_FIELD(expected, path, 0, account, #path "_account"),                   \
+      TUNNEL_FIELD(expected, path, 128, password, #path "_password"),           \
+      TUNNEL_FIELD(expected, path, 256, connect_type, #path "_connect_type"),   \
+      TUNNEL_FIELD(expected, path, 257, reserved_257, first_reserved),          \
+      TUNNEL_FIELD(expected, path, 260, max_idle_time, #path "_max_idle_time"), \
+      TUNNEL_FIELD(expected, path, 264, server, #path "_server"),               \
+      TUNNEL_FIELD(expected, path, 392, type, #path "_type"),                   \
+      TUNNEL_FIELD(expected, path, 393, reserved_393, second_reserved),         \
+      TUNNEL_FIELD(expected, path, 396, static_ip, #path "_static_ip"),         \
+      TUNNEL_FIELD(expected, path, 400, netmask, #path "_netmask"),             \
+      TUNNEL_FIELD(expected, path, 404, gateway, #path "_gateway")
 
 // One column of a table of records: the table's promised offset and the column's within the record.
 #define COLUMN(expected, path, record, relative, member)                                                 \
@@ -112,8 +130,8 @@ constexpr Field table[] = {
     ONE(569, wan.reserved_569),
     ONE(572, wan.pppoe_static_ip),
     ONE(576, wan.pppoe_service_name),
-    TUNNEL(704, wan.pptp, "pptp", "reserved_961", "reserved_1097"),
-    TUNNEL(1112, wan.l2tp, "l2tp", "reserved_1369", "reserved_1505"),
+    TUNNEL(704, wan.pptp, "wan.reserved_961", "wan.reserved_1097"),
+    TUNNEL(1112, wan.l2tp, "wan.reserved_1369", "wan.reserved_1505"),
     ONE(1520, wan.bigpond_account),
     ONE(1584, wan.bigpond_password),
     ONE(1648, wan.bigpond_auth_server),
@@ -366,8 +384,8 @@ constexpr Field table[] = {
 #undef SCHEDULE
 #undef COLUMN
 #undef TUNNEL
+#undef TUNNEL_FIELD
 #undef ONE
-#undef NAMED
 #undef MEMBER_TYPE
 
 std::size_t element_offset(const Field& field, std::size_t index) {

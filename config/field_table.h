@@ -29,6 +29,7 @@ struct Field {
     reserved,  // not a field of the console's
   };
 
+  std::string_view block;  // the member of the segment that has it
   std::string_view table;  // empty for a single field
   std::string_view name;
   std::size_t offset;  // of the first element, from the start of the segment

@@ -1,11 +1,11 @@
 #include "menus/menu_tree.h"
 
-#include "menus/advanced/submenu.h"
-#include "menus/network/submenu.h"
-#include "menus/sip/submenu.h"
-#include "menus/status/submenu.h"
-#include "menus/tools/submenu.h"
-#include "menus/voip/submenu.h"
+#include "menus/advanced/items.h"
+#include "menus/network/items.h"
+#include "menus/sip/items.h"
+#include "menus/status/items.h"
+#include "menus/tools/items.h"
+#include "menus/voip/items.h"
 
 namespace menus {
 

@@ -72,7 +72,7 @@ int wait_for(pid_t process) {
 struct ChildSetup {
   int output = -1;            // becomes standard output
   bool closes_stdio = false;  // standard input, output and error
-  bool new_session = false;
+  Terminal terminal = Terminal::kept;
   Keyboard keyboard = Keyboard::interrupts;
 };
 
@@ -89,7 +89,7 @@ pid_t start(const char* path, const char* const arguments[], const ChildSetup& s
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGQUIT, SIG_DFL);
   }
-  if (setup.new_session) {
+  if (setup.terminal == Terminal::left) {
     setsid();
   }
   if (setup.output >= 0) {
@@ -212,8 +212,8 @@ void close_command(CommandStream stream) {
   wait_for(stream.process);
 }
 
-int run_program(const char* path, const char* const arguments[], bool new_session) {
-  const pid_t child = start(path, arguments, {.closes_stdio = true, .new_session = new_session});
+int run_program(const char* path, const char* const arguments[], Terminal terminal) {
+  const pid_t child = start(path, arguments, {.closes_stdio = true, .terminal = terminal});
   return child < 0 ? cannot_start : wait_for(child);
 }
 

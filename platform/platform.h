@@ -84,10 +84,13 @@ struct CommandStream {
 CommandStream open_command(const char* command);
 void close_command(CommandStream stream);  // waits for the command to end
 
-// Runs a program without a shell and with standard input, output and error closed; `new_session` detaches it
-// from the terminal. `arguments` ends with nullptr. Returns the exit status, 255 when the program cannot be
-// started, 128 + the signal's number when a signal ended it.
-int run_program(const char* path, const char* const arguments[], bool new_session);
+// Whether a program can be reached from the terminal, or has a session of its own.
+enum class Terminal : std::uint8_t { kept, left };
+
+// Runs a program without a shell and with standard input, output and error closed. `arguments` ends with
+// nullptr. Returns the exit status, 255 when the program cannot be started, 128 + the signal's number when a
+// signal ended it.
+int run_program(const char* path, const char* const arguments[], Terminal terminal);
 
 // Flushes the file systems to storage.
 void sync_storage();

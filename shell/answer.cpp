@@ -36,7 +36,7 @@ std::optional<Value> value_of_line(const AnswerKind& kind) {
   switch (kind.form) {
     case choice:
       return digit_of_line(kind);
-    case which:
+    case pick:
     case number:
       return number_of_line(kind);
     case listed:
@@ -64,7 +64,7 @@ bool passes(const AnswerKind& kind, Value value) {
     case choice:
     case listed:
       return kind.one_of.has(word);
-    case which:
+    case pick:
     case number:
       return in_range(word, kind.range.low, kind.range.high) && word % kind.range.step == 0;
     case address:

@@ -58,7 +58,7 @@ class OneOf {
 struct AnswerKind {
   enum class Form : std::uint8_t {
     choice,   // exactly one character, the digit of a number of `one_of`
-    which,    // decimal digits, in range; refused as a choice is
+    pick,     // decimal digits, in range; refused as a choice is
     number,   // decimal digits, in range
     listed,   // the number with which the line begins, 0 when it begins with none: in `one_of`
     address,  // not 0.0.0.0
@@ -70,7 +70,7 @@ struct AnswerKind {
   Range range = {};
   OneOf one_of = {};
 
-  bool is_choice() const { return form == Form::choice || form == Form::which; }
+  bool is_choice() const { return form == Form::choice || form == Form::pick; }
 };
 
 // The line as such an answer; nothing when it is none. Not for an empty line.

@@ -37,4 +37,10 @@ void save_and_signal_voice_daemon() {
   raise_voice_change_flag();
 }
 
+void commit_and_signal_voice_daemon(Dialogue& ask) {
+  if (ask.commit()) {
+    save_and_signal_voice_daemon();
+  }
+}
+
 }  // namespace shell

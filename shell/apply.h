@@ -1,6 +1,8 @@
 // Making a change last and take effect. The save always comes first.
 #pragma once
 
+#include "shell/dialogue.h"
+
 namespace shell {
 
 // Runs a command line through the system shell and waits for it. What was printed before it is on the screen
@@ -18,7 +20,11 @@ void restart_filter_and_nat();
 // standard error with the label "cfgid": the change stays saved, but unannounced.
 void raise_voice_change_flag();
 
-// How every voice and SIP dialogue ends: save, "Setting Save!!", and word to the voice daemon.
+// Save, "Setting Save!!", and word to the voice daemon.
 void save_and_signal_voice_daemon();
+
+// How voice and SIP dialogues end: their answers are committed and the daemon is told, unless they have ended
+// early.
+void commit_and_signal_voice_daemon(Dialogue& ask);
 
 }  // namespace shell

@@ -143,19 +143,19 @@ void Dialogue::mac(Prompt<Shows::mac> prompt, config::Mac& field) {
 }
 
 std::uint32_t Dialogue::pick(Prompt<Shows::nothing> prompt, std::size_t count, const Option& option) {
-  return ask_which({prompt, {.form = Form::which, .rest_ignored = option.rest_ignored}}, count, option);
+  return ask_pick({prompt, {.form = Form::pick, .rest_ignored = option.rest_ignored}}, count, option);
 }
 
 std::uint32_t Dialogue::pick(Prompt<Shows::text> prompt, std::string_view heading, std::size_t count,
                              const Option& option) {
-  return ask_which({prompt, {.form = Form::which}, heading}, count, option);
+  return ask_pick({prompt, {.form = Form::pick}, heading}, count, option);
 }
 
 std::uint32_t Dialogue::pick_digit(Prompt<Shows::nothing> prompt, std::size_t count) {
-  return ask_which({prompt, {.form = Form::choice, .one_of = OneOf::first(count)}}, count, no_option);
+  return ask_pick({prompt, {.form = Form::choice, .one_of = OneOf::first(count)}}, count, no_option);
 }
 
-std::uint32_t Dialogue::ask_which(Question question, std::size_t count, const Option& option) {
+std::uint32_t Dialogue::ask_pick(Question question, std::size_t count, const Option& option) {
   about(count - 1);
   question.kind.range = {0, number_};
   return static_cast<std::uint32_t>(ask(question, std::nullopt, option));

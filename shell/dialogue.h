@@ -37,6 +37,9 @@ struct Option {
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
 inline constexpr Option no_option;
+// Those that several prompts share: built once, not at each of them.
+inline constexpr Option judge_kept{.judge_kept = true};
+inline constexpr Option empty_is_zero{.empty_is_zero = true};
 
 struct TextRule {
   // What becomes of an answer that is too long, or that a NUL at its beginning makes an empty text, where no
@@ -189,7 +192,7 @@ class Dialogue {
   Value ask(const Question& question, std::optional<Value> stored, const Option& option);
   Value ask_and_note(const Question& question, Bytes field, const Option& option);
   config::Ipv4 ask_address(const Question& question, config::Ipv4& field, const Option& option);
-  std::uint32_t ask_which(Question question, std::size_t count, const Option& option);
+  std::uint32_t ask_pick(Question question, std::size_t count, const Option& option);
   void ask_text(Prompt<Shows::text> prompt, Bytes field, TextRule rule);
   bool left();
   void report(const Refusal& refusal);

@@ -2,15 +2,45 @@
 // start another program, to pause or to end, and when the buffer is full; at no other time.
 #pragma once
 
+#include <concepts>
+#include <cstdint>
 #include <string_view>
+
+#include "config/values.h"
 
 namespace shell {
 
-// Of any length.
+// A number, right-aligned in so many columns or as wide as it is. Above the signed range it shows negative.
+struct Number {
+  constexpr Number(std::integral auto number, std::uint8_t columns = 0, char before = ' ')
+      : value(static_cast<std::int32_t>(number)), width(columns), fill(before) {}
+
+  std::int32_t value;
+  std::uint8_t width;  // 12 at most
+  char fill;
+};
+
+// A text, left-aligned in so many columns; what does not fit is cut.
+struct Cell {
+  std::string_view text;
+  std::uint8_t width;  // 40 at most
+};
+
+// Texts are of any length.
 void put(std::string_view text);
 void put(const char* text);
-// A line of up to 1023 characters; what is longer is cut. Stored texts of unknown length go through put().
-[[gnu::format(printf, 1, 2)]] void print(const char* format, ...);
+void put(char character);
+void put(Number number);
+void put(const Cell& cell);
+// Each octet right-aligned in so many columns.
+void put_columns(config::Ipv4 address, std::uint8_t columns);
+void put(config::Ipv4 address);
+void put(const config::Mac& mac);
+// One behind the other.
+template <typename... Parts>
+[[gnu::always_inline]] inline void put(const Parts&... parts) requires(sizeof...(parts) > 1) {
+  (put(parts), ...);
+}
 
 void flush_output();
 

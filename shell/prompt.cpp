@@ -8,28 +8,18 @@
 namespace shell {
 namespace {
 
-// A stored word above the signed range shows negative.
-void put_number(Value value) {
-  print("%d", static_cast<std::int32_t>(value));
-}
-
-void put_address(config::Ipv4 address) {
-  print("%u.%u.%u.%u", address.octet[0], address.octet[1], address.octet[2], address.octet[3]);
-}
-
 void put_mac(Value value) {
   config::Mac mac;
   std::memcpy(&mac, &value, sizeof mac);
-  print("%02x:%02x:%02x:%02x:%02x:%02x", mac.byte[0], mac.byte[1], mac.byte[2], mac.byte[3], mac.byte[4],
-        mac.byte[5]);
+  put(mac);
 }
 
 void put_value(Shows shows, Value value, std::string_view text) {
   switch (shows) {
     case Shows::number:
-      return put_number(value);
+      return put(Number(value));
     case Shows::address:
-      return put_address(config::Ipv4::from_word(static_cast<std::uint32_t>(value)));
+      return put(config::Ipv4::from_word(static_cast<std::uint32_t>(value)));
     case Shows::mac:
       return put_mac(value);
     case Shows::text:
@@ -47,7 +37,7 @@ void PromptText::show(std::uint32_t number, Value value, std::string_view text) 
   std::size_t shown = 0;
   if (number_at != std::string_view::npos) {
     put(prompt.substr(0, number_at));
-    put_number(number);
+    put(Number(number));
     shown = number_at + conversion_of(Shows::number).size();
   }
   if (value_at != std::string_view::npos) {

@@ -47,8 +47,7 @@ void attach_settings() {
 void guard_login() {
   const config::Ipv4 holder = login->holder_address;
   if (!holder.is_zero() && login->idle_timeout != 0 && login->expiry_time > now_seconds()) {
-    print("Duplex Login with %u.%u.%u.%u\n", holder.octet[0], holder.octet[1], holder.octet[2],
-          holder.octet[3]);
+    put("Duplex Login with ", holder, "\n");
     exit_with(1);
   }
 }

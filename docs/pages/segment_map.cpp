@@ -1,4 +1,5 @@
-// Prints docs/segment-map.md from the field table.
+// Prints docs/segment-map.md from the field table; with an argument the table itself, tab separated, for the
+// picture.
 #include <cstdio>
 #include <string>
 
@@ -20,6 +21,8 @@ constexpr std::string_view columns = " | Bytes | Type | Name |\n|---|---|---|---
 std::string segment_map() {
   std::string out =
       "# Map of the configuration segment\n"
+      "\n"
+      "![The segment to scale](pictures/segment.svg)\n"
       "\n"
       "System V shared memory, key " +
       std::to_string(config::ConfigurationSegment::key) + ", " +
@@ -53,8 +56,22 @@ std::string segment_map() {
   return out;
 }
 
+std::string fields() {
+  std::string out;
+  for (const Field& field : config::field_table()) {
+    for (const std::string_view text : {field.block, field.table, config::kind_name(field.kind)}) {
+      out += std::string(text) + "\t";
+    }
+    for (const std::size_t number : {field.offset, field.width, field.count}) {
+      out += std::to_string(number) + "\t";
+    }
+    out += std::to_string(field.stride) + "\n";
+  }
+  return out;
+}
+
 }  // namespace
 
-int main() {
-  return std::fputs(segment_map().c_str(), stdout) < 0 ? 1 : 0;
+int main(int count, char** /*arguments*/) {
+  return std::fputs((count > 1 ? fields() : segment_map()).c_str(), stdout) < 0 ? 1 : 0;
 }

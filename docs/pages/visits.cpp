@@ -61,30 +61,49 @@ string list(const Strings& texts) {
   return "[" + all + "]";
 }
 
+void append_member(string& all, const config::Field& field, std::size_t i,
+                   const ConfigurationSegment& segment) {
+  all += (all.empty() ? "" : ",") + quoted(config::field_name(field, i)) + ":" +
+         quoted(config::field_value(field, i, segment));
+}
+
 string changes(const ConfigurationSegment& before, const ConfigurationSegment& after) {
   string all;
   for (const config::Field& field : config::field_table()) {
     for (std::size_t i = 0; i < field.count; ++i) {
       if (!std::ranges::equal(config::field_bytes(field, i, before), config::field_bytes(field, i, after))) {
-        const string name = config::field_name(field, i), value = config::field_value(field, i, after);
-        all += (all.empty() ? "" : ",") + quoted(name) + ":" + quoted(value);
+        append_member(all, field, i, after);
       }
     }
   }
   return "{" + all + "}";
 }
 
-// One visit, over these settings. "shown" is what stands before each question and behind the last answer;
-// "over", that the dialogue ended by itself.
+// The fields that answers were written to, in that order, with what they have.
+string written(const tests::Device& device) {
+  string all;
+  for (const void* const address : device.written) {
+    for (const config::Field& field : config::field_table()) {
+      for (std::size_t i = 0; i < field.count; ++i) {
+        if (config::field_bytes(field, i, device.settings).data() == address) {
+          append_member(all, field, i, device.settings);
+        }
+      }
+    }
+  }
+  return "{" + all + "}";
+}
+
+// One visit, over these settings. "way" is what stands before login and menu lines, "shown" what stands
+// before each question and behind the last answer; "over", that the dialogue ended by itself.
 string visit(ConfigurationSegment& settings, const Strings& numbers_and_answers) {
   const string back =
       string(menus::menu_tree.at(std::stoul(numbers_and_answers.at(0)))->screen()) + "[4830NT]#";
   tests::Device device;
   device.settings = settings;
-  device.settings.admin.admin_user_name = device.settings.admin.admin_password = {};
   device.login.idle_timeout = 300;
   play_tools(device);
-  device.input = {"\n", "\n"};
+  device.input = {"admin\n", "admin\n"};
   for (const string& line : numbers_and_answers) {
     device.input.push_back(line + "\n");
   }
@@ -101,11 +120,11 @@ string visit(ConfigurationSegment& settings, const Strings& numbers_and_answers)
 
   const bool is_back = questions_end != 0;
   const bool ended_itself = !is_back && device.waits.size() <= numbers_and_answers.size() + 2;
-  Strings shown;
-  for (std::size_t wait = first; wait <= device.waits.size(); ++wait) {
-    const std::size_t begin = device.waits[wait - 1];
+  Strings way, shown;
+  for (std::size_t wait = 0; wait <= device.waits.size(); ++wait) {
+    const std::size_t begin = wait == 0 ? 0 : device.waits[wait - 1];
     const std::size_t end = wait < device.waits.size() ? device.waits[wait] : device.transcript.size();
-    shown.push_back(device.transcript.substr(begin, end - begin));
+    (wait < first ? way : shown).push_back(device.transcript.substr(begin, end - begin));
   }
   if (!ended_itself) {
     shown.pop_back();  // the end of the connection
@@ -115,8 +134,9 @@ string visit(ConfigurationSegment& settings, const Strings& numbers_and_answers)
   }
   const ConfigurationSegment before = settings;
   settings = device.settings;
-  return "{\"shown\":" + list(shown) + ",\"over\":" + (is_back || ended_itself ? "true" : "false") +
-         ",\"saved\":" + (device.saved ? "true" : "false") +
+  return "{\"way\":" + list(way) + ",\"shown\":" + list(shown) +
+         ",\"over\":" + (is_back || ended_itself ? "true" : "false") +
+         ",\"saved\":" + (device.saved ? "true" : "false") + ",\"written\":" + written(device) +
          ",\"changed\":" + (device.saved ? changes(before, settings) : "{}") + "}";
 }
 
@@ -127,7 +147,6 @@ int main(int /*count*/, char** arguments) {
   if (!desk::load_settings("/dev/null", arguments[1], factory)) {
     return 1;
   }
-  factory.admin.admin_user_name = factory.admin.admin_password = {};
   for (string line; std::getline(std::cin, line);) {
     if (line == "menus") {
       Strings screens;

@@ -15,28 +15,28 @@ const char* interface_name(std::uint8_t interface) {
 }
 
 void show(const config::FirewallRule& rule) {
-  shell::print("     |%s    |", rule.action != 0 ? "Allow" : "Deny ");
+  shell::put("     |", rule.action != 0 ? "Allow" : "Deny ", "    |");
   show_schedule(rule.schedule);
   shell::put(
       "   +-----------+---------+----------------------------------------------------\n"
       "   |           |Interface|IP Range                       |Protocol|Port Range \n"
       "   +-----------+---------+-------------------------------+--------+-----------\n");
-  shell::print("   |source     |%s      |", interface_name(rule.src_interface));
+  shell::put("   |source     |", interface_name(rule.src_interface), "      |");
   show_ip_range(rule.src_ip_start, rule.src_ip_end);
-  shell::print("|        |\n   |destination|%s      |", interface_name(rule.dst_interface));
+  shell::put("|        |\n   |destination|", interface_name(rule.dst_interface), "      |");
   show_ip_range(rule.dst_ip_start, rule.dst_ip_end);
-  shell::print("|%s    |%5d-%5d\n", protocol_name(rule.protocol), rule.dst_port_start, rule.dst_port_end);
-  shell::put("---+-----------+---------+-------------------------------+--------+-----------\n");
+  shell::put('|', protocol_name(rule.protocol), "    |");
+  show_port_range(rule.dst_port_start, rule.dst_port_end);
+  shell::put("\n---+-----------+---------+-------------------------------+--------+-----------\n");
 }
 
 void ask_rule(shell::Dialogue& ask, config::FirewallRule& rule) {
-  ask.choice("Action?<%d>(0:Deny, 1:Allow):", rule.action, "01", {.empty_is_zero = true});
-  ask.choice("Source interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.src_interface, "012",
-             {.empty_is_zero = true});
+  ask.choice("Action?<%d>(0:Deny, 1:Allow):", rule.action, "01", shell::empty_is_zero);
+  ask.choice("Source interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.src_interface, "012", shell::empty_is_zero);
   ask_ip_range(ask, "Source IP Range Start?<%u.%u.%u.%u>:", rule.src_ip_start,
                "Source IP Range End?<%u.%u.%u.%u>:", rule.src_ip_end);
   ask.choice("Destination interface?<%d>(0:WAN, 1:LAN, 2:ALL):", rule.dst_interface, "012",
-             {.empty_is_zero = true});
+             shell::empty_is_zero);
   ask_ip_range(ask, "Destination IP Range Start?<%u.%u.%u.%u>:", rule.dst_ip_start,
                "Destination IP Range End?<%u.%u.%u.%u>:", rule.dst_ip_end);
   const std::uint8_t protocol =

@@ -9,7 +9,9 @@ namespace {
 void show(const config::IpFilter& rule) {
   shell::put("|");
   show_ip_range(rule.start_ip, rule.end_ip);
-  shell::print("|%5d-%5d|%s|", rule.start_port, rule.end_port, protocol_name(rule.protocol));
+  shell::put("|");
+  show_port_range(rule.start_port, rule.end_port);
+  shell::put('|', protocol_name(rule.protocol), '|');
   show_schedule(rule.schedule);
 }
 

@@ -1,9 +1,12 @@
-// The dialogues of the advanced network menu.
+// The advanced network menu and its dialogues.
 #pragma once
 
 #include "menus/advanced/rule_table.h"
+#include "shell/menu.h"
 
 namespace menus::advanced {
+
+extern const shell::Submenu submenu;
 
 void nat_setting();
 void upnp_setting();

@@ -7,8 +7,7 @@ namespace menus::advanced {
 namespace {
 
 void show(const config::MacFilter& rule) {
-  const auto& byte = rule.mac_address.byte;
-  shell::print("|%02x:%02x:%02x:%02x:%02x:%02x|", byte[0], byte[1], byte[2], byte[3], byte[4], byte[5]);
+  shell::put('|', rule.mac_address, '|');
   show_schedule(rule.schedule);
 }
 

@@ -17,8 +17,7 @@ void show_nat(const config::NatSettings& nat) {
   show_switch_setting("NetMetting ALG Enable", nat.netmeeting_alg);
   show_switch_setting("DMZ Enable", nat.dmz_enable);
   if (nat.dmz_enable != 0) {
-    const auto& octet = nat.dmz_ip.octet;
-    shell::print("DMZ LAN IP:<%u.%u.%u.%u>\n", octet[0], octet[1], octet[2], octet[3]);
+    shell::put("DMZ LAN IP:<", nat.dmz_ip, ">\n");
   }
   shell::put("\n");
 }

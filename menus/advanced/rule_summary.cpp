@@ -19,7 +19,7 @@ void rule_summary() {
   });
   static_assert(tables.size() <= 10, "a list is chosen by one digit");
   for (std::size_t list = 0; list < tables.size(); ++list) {
-    shell::print("%zu:%s Rule List\n", list, tables[list]->name);
+    shell::put(shell::Number(list), ':', tables[list]->name, " Rule List\n");
   }
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", tables.size());

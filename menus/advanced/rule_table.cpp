@@ -25,7 +25,7 @@ void show_header(const RuleTable& table) {
 
 void show_row(const RuleTable& table, std::size_t index) {
   if (!is_free(table, index)) {
-    shell::print("%2zu:|%d     ", index, table.enable_byte(index));
+    shell::put(shell::Number(index, 2), ":|", shell::Number(table.enable_byte(index)), "     ");
     table.show_rule(index);
   }
 }
@@ -96,7 +96,7 @@ void configure_rules(const RuleTable& table) {
       shell::show_message(shell::Message::keep_with_enter);
     }
     ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable_byte(index), "01",
-               {.empty_is_zero = true});
+               shell::empty_is_zero);
     table.ask_rule(ask, index);
   }
   if (ask.commit()) {
@@ -107,7 +107,7 @@ void configure_rules(const RuleTable& table) {
 // ---- What several tables show and ask ----
 
 void show_switch_setting(const char* label, std::uint8_t value) {
-  shell::print("%s:<%s>\n", label, value != 0 ? "Enable" : "Disable");
+  shell::put(label, value != 0 ? ":<Enable>\n" : ":<Disable>\n");
 }
 
 const char* protocol_name(std::uint8_t protocol) {
@@ -117,7 +117,7 @@ const char* protocol_name(std::uint8_t protocol) {
 }
 
 void show_address(config::Ipv4 address) {
-  shell::print("%3u.%3u.%3u.%3u", address.octet[0], address.octet[1], address.octet[2], address.octet[3]);
+  shell::put_columns(address, 3);
 }
 
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
@@ -126,14 +126,18 @@ void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
   show_address(end);
 }
 
+void show_port_range(std::uint16_t start, std::uint16_t end) {
+  shell::put(shell::Number(start, 5), '-', shell::Number(end, 5));
+}
+
 void ask_address(Dialogue& ask, AddressPrompt prompt, config::Ipv4& field) {
-  ask.address(prompt, field, {.judge_kept = true});
+  ask.address(prompt, field, shell::judge_kept);
 }
 
 void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start, AddressPrompt end_prompt,
                   config::Ipv4& end) {
-  const config::Ipv4 first = ask.address(start_prompt, start, {.judge_kept = true});
-  const config::Ipv4 last = ask.address(end_prompt, end, {.judge_kept = true});
+  const config::Ipv4 first = ask.address(start_prompt, start, shell::judge_kept);
+  const config::Ipv4 last = ask.address(end_prompt, end, shell::judge_kept);
   if (!shell::ip_range_ascending(first, last)) {
     ask.refuse(shell::Message::ip_range);
   }

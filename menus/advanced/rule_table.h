@@ -80,6 +80,8 @@ const char* protocol_name(std::uint8_t protocol);
 // Each octet right-aligned in three columns.
 void show_address(config::Ipv4 address);
 void show_ip_range(config::Ipv4 start, config::Ipv4 end);
+// Each port right-aligned in five columns.
+void show_port_range(std::uint16_t start, std::uint16_t end);
 
 using AddressPrompt = shell::Prompt<shell::Shows::address>;
 using NumberPrompt = shell::Prompt<shell::Shows::number>;

@@ -12,6 +12,10 @@ constexpr shell::Range hours{0, 23};
 constexpr shell::Range minutes{0, 55, 5};
 constexpr shell::Range weekdays{0, days_of_week - 1};
 
+void show_time(std::uint8_t hour, std::uint8_t minute) {
+  shell::put(shell::Number(hour), ':', shell::Number(minute, 2, '0'));
+}
+
 }  // namespace
 
 DayRun week_mask_bounds(const WeekMask& mask) {
@@ -40,9 +44,11 @@ void show_schedule(const config::Schedule& schedule) {
     return;
   }
   const DayRun days = week_mask_bounds(schedule.week_mask);
-  shell::print("By Schedule,%d:%02d-%d:%02d,%s-%s\n", schedule.start_hour, schedule.start_minute,
-               schedule.end_hour, schedule.end_minute, day_abbreviation(days.start_day),
-               day_abbreviation(days.end_day));
+  shell::put("By Schedule,");
+  show_time(schedule.start_hour, schedule.start_minute);
+  shell::put("-");
+  show_time(schedule.end_hour, schedule.end_minute);
+  shell::put(',', day_abbreviation(days.start_day), '-', day_abbreviation(days.end_day), '\n');
 }
 
 void ask_schedule(shell::Dialogue& ask, config::Schedule& schedule) {

@@ -7,8 +7,9 @@ namespace menus::advanced {
 namespace {
 
 void show(const config::SpecialApplication& rule) {
-  shell::print("|%5d |%s  |%5d-%5d|%s  |", rule.trigger_port, protocol_name(rule.trigger_type),
-               rule.public_port_start, rule.public_port_end, protocol_name(rule.public_type));
+  shell::put('|', shell::Number(rule.trigger_port, 5), " |", protocol_name(rule.trigger_type), "  |");
+  show_port_range(rule.public_port_start, rule.public_port_end);
+  shell::put('|', protocol_name(rule.public_type), "  |");
   show_schedule(rule.schedule);
 }
 

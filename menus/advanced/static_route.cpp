@@ -10,7 +10,7 @@ constexpr std::uint8_t host = 1;
 constexpr config::Ipv4 host_netmask{{255, 255, 255, 255}};
 
 void show(const config::StaticRoute& route) {
-  shell::print("|%s |", route.route_type != 0 ? "Host" : "Net ");
+  shell::put('|', route.route_type != 0 ? "Host" : "Net ", " |");
   show_address(route.route_target);
   shell::put("|");
   show_address(route.route_netmask);
@@ -27,7 +27,7 @@ void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {
   } else {
     // A stored route's mask is asked for whatever its type: a net that becomes a host keeps what is left
     // here.
-    ask.netmask("Netmask?<%u.%u.%u.%u>:", route.route_netmask, {.judge_kept = true});
+    ask.netmask("Netmask?<%u.%u.%u.%u>:", route.route_netmask, shell::judge_kept);
   }
   ask_address(ask, "Gateway?<%u.%u.%u.%u>:", route.route_gateway);
 }

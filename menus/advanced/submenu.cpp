@@ -1,5 +1,3 @@
-#include "menus/advanced/submenu.h"
-
 #include "menus/advanced/items.h"
 
 namespace menus::advanced {

@@ -9,7 +9,8 @@ namespace {
 void show(const config::VirtualServer& rule) {
   shell::put("|");
   show_address(rule.private_ip);
-  shell::print("|%s    |%7u|%6u|", protocol_name(rule.protocol), rule.private_port, rule.public_port);
+  shell::put('|', protocol_name(rule.protocol), "    |", shell::Number(rule.private_port, 7), '|',
+             shell::Number(rule.public_port, 6), '|');
   show_schedule(rule.schedule);
 }
 

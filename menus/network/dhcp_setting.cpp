@@ -58,18 +58,15 @@ const char* lease_label(std::size_t index) {
 
 void show_dhcp_server() {
   const config::DhcpSettings& dhcp = shell::segment().dhcp;
-  const auto& start = dhcp.dhcp_start_ip.octet;
-  const auto& end = dhcp.dhcp_end_ip.octet;
-  shell::print("DHCP Server Enable:<%d>(0:Disable, 1:Enable)\n", dhcp.dhcp_server_enable);
-  shell::print("DHCP Server Start IP:<%u.%u.%u.%u>\n", start[0], start[1], start[2], start[3]);
-  shell::print("DHCP Server End IP:<%u.%u.%u.%u>\n", end[0], end[1], end[2], end[3]);
-  shell::print("DHCP IP Lease Time:<%s>\n", lease_label(lease_index(dhcp.dhcp_lease_time)));
-  shell::put("\n");
+  shell::put("DHCP Server Enable:<", shell::Number(dhcp.dhcp_server_enable), ">(0:Disable, 1:Enable)\n");
+  shell::put("DHCP Server Start IP:<", dhcp.dhcp_start_ip, ">\n");
+  shell::put("DHCP Server End IP:<", dhcp.dhcp_end_ip, ">\n");
+  shell::put("DHCP IP Lease Time:<", lease_label(lease_index(dhcp.dhcp_lease_time)), ">\n\n");
 }
 
 Ipv4 ask_pool_address(Dialogue& ask, shell::Prompt<shell::Shows::address> prompt, Ipv4& field) {
   const config::LanSettings& lan = shell::segment().lan;
-  const Ipv4 address = ask.address(prompt, field, {.judge_kept = true});
+  const Ipv4 address = ask.address(prompt, field, shell::judge_kept);
   if ((address & lan.lan_netmask) != (lan.lan_ip & lan.lan_netmask)) {
     ask.refuse(Message::illegal_value);
   }
@@ -81,12 +78,12 @@ void ask_lease_time(Dialogue& ask, std::uint32_t& lease_time) {
     return;
   }
   for (std::size_t i = 0; i < lease_times.size(); ++i) {
-    shell::print("%d:%s\n", static_cast<int>(i), lease_times[i].label);
+    shell::put(shell::Number(i), ':', lease_times[i].label, '\n');
   }
   const std::size_t current = lease_index(lease_time);
   const std::uint32_t chosen =
       ask.named_choice("DHCP IP Lease Time?<%s>:", lease_label(current), static_cast<std::uint32_t>(current),
-                       shell::OneOf::first(lease_times.size()), {.judge_kept = true});
+                       shell::OneOf::first(lease_times.size()), shell::judge_kept);
   ask.note(lease_time, lease_times[chosen].seconds);
 }
 
@@ -116,12 +113,8 @@ void dhcp_server_setting() {
 
 void show_static_dhcp(std::size_t index) {
   const StaticDhcpClient& client = shell::segment().dhcp.static_dhcp_table[index];
-  const auto& mac = client.mac.byte;
-  const auto& ip = client.ip.octet;
-  const auto description = client.description.view();
-  shell::print("%d:Enable:%d\tMAC:%02x:%02x:%02x:%02x:%02x:%02x\tIP:%u.%u.%u.%u\tDiscription:%.*s\n",
-               static_cast<int>(index), client.enable, mac[0], mac[1], mac[2], mac[3], mac[4], mac[5], ip[0],
-               ip[1], ip[2], ip[3], static_cast<int>(description.size()), description.data());
+  shell::put(shell::Number(index), ":Enable:", shell::Number(client.enable), "\tMAC:", client.mac,
+             "\tIP:", client.ip, "\tDiscription:", client.description.view(), '\n');
 }
 
 void show_static_dhcp() {
@@ -136,8 +129,8 @@ void show_static_dhcp() {
 
 void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   const config::DhcpSettings& dhcp = shell::segment().dhcp;
-  ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", client.enable, "01", {.empty_is_zero = true});
-  const Ipv4 ip = ask.address("IP?<%u.%u.%u.%u>:", client.ip, {.judge_kept = true});
+  ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", client.enable, "01", shell::empty_is_zero);
+  const Ipv4 ip = ask.address("IP?<%u.%u.%u.%u>:", client.ip, shell::judge_kept);
   // Octet by octet, as everywhere: behind the pool's start, which stays free, and not behind its end.
   const bool in_pool =
       !shell::ip_range_ascending(ip, dhcp.dhcp_start_ip) && shell::ip_range_ascending(ip, dhcp.dhcp_end_ip);

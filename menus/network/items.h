@@ -1,7 +1,11 @@
-// The dialogues of the basic network menu.
+// The basic network menu and its dialogues.
 #pragma once
 
+#include "shell/menu.h"
+
 namespace menus::network {
+
+extern const shell::Submenu submenu;
 
 // Ends with a reboot of the device.
 void wan_setting();

@@ -14,12 +14,8 @@ using config::Ipv4;
 
 void show_lan_setting() {
   const config::LanSettings& lan = shell::segment().lan;
-  const auto& ip = lan.lan_ip.octet;
-  const auto& mask = lan.lan_netmask.octet;
-  shell::print("Lan IP:<%u.%u.%u.%u>\n", ip[0], ip[1], ip[2], ip[3]);
-  shell::print("Lan MASK:<%u.%u.%u.%u>\n", mask[0], mask[1], mask[2], mask[3]);
-  shell::print("DNS PROXY Enable:<%d>(0:disable,1:enable)\n", lan.dns_proxy_enable);
-  shell::put("\n");
+  shell::put("Lan IP:<", lan.lan_ip, ">\nLan MASK:<", lan.lan_netmask, ">\n");
+  shell::put("DNS PROXY Enable:<", shell::Number(lan.dns_proxy_enable), ">(0:disable,1:enable)\n\n");
 }
 
 // The first three octets of the LAN address, whatever the mask.

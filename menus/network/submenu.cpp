@@ -1,5 +1,3 @@
-#include "menus/network/submenu.h"
-
 #include "menus/network/items.h"
 
 namespace menus::network {

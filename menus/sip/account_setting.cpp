@@ -76,9 +76,7 @@ void account_setting() {
     ask_line(ask, i, settings.sip_line[i], settings.sip_server[i]);
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::sip

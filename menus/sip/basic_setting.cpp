@@ -30,9 +30,7 @@ void basic_setting() {
   ask.text("Host Name?<%s>(MAX Character:35):", sip.sip_host_name,
            {.unfit = shell::TextRule::Unfit::leaves_empty, .max = 35});
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::sip

@@ -1,7 +1,11 @@
-// The dialogues of the SIP menu.
+// The SIP menu and its dialogues.
 #pragma once
 
+#include "shell/menu.h"
+
 namespace menus::sip {
+
+extern const shell::Submenu submenu;
 
 void basic_setting();
 void account_setting();

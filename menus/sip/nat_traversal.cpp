@@ -19,9 +19,7 @@ void nat_traversal() {
     ask.note_zero(nat.sip_upnp_enable);
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::sip

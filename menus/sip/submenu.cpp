@@ -1,5 +1,3 @@
-#include "menus/sip/submenu.h"
-
 #include "menus/sip/items.h"
 
 namespace menus::sip {

@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 
 #include "config/values.h"
 #include "menus/status/items.h"
@@ -17,9 +18,7 @@ struct CallRecord {
   config::Text<4> sequence;  // from 1; empty in an empty record, which ends the list
   config::Text<5> call_type;
   config::Text<17> phone_number;
-  config::Text<21> call_time;
-  config::Text<21> answer_time;
-  config::Text<21> disconnect_time;
+  std::array<config::Text<21>, 3> times;  // of the call, of the answer, of the end
   config::Text<5> reason;
   config::Text<10> duration;
   config::Text<4> phone;  // the telephone port, from 0
@@ -31,57 +30,52 @@ constexpr int fields_of_record = 8;
 std::array<CallRecord, 100> call_records;
 static_assert(call_records.size() < 1000, "the sequence has three digits");
 
-struct Reason {
-  char code[5];
-  char text[55];
-};
-
-constexpr const char* unknown_reason = "unknow reason";
-constexpr Reason reasons[] = {
-    {"1000", "Unknown error"},
-    {"1001", "Can't handle a new call"},
-    {"1002", "Normal release by remote end"},
-    {"1003", "User cancelled the call"},
-    {"1004", "Response accepted"},
-    {"1005", "Forbidden"},
-    {"1006", "User not found/Gone"},
-    {"1007", "Request timeout"},
-    {"1008", "Conflict"},
-    {"1009", "Request Entity Too Large"},
-    {"100a", "Media type unsupported"},
-    {"100b", "Unsupported extension"},
-    {"100c", "User temporarily unavailable"},
-    {"100d", "Call leg does not exist"},
-    {"100e", "Address is abmbiguous/too long/incomplete"},
-    {"100f", "User busy"},
-    {"1010", "Bad event"},
-    {"1011", "Request pending"},
-    {"1012", "Internal Server Error"},
-    {"1013", "Service not Implemented"},
-    {"1014", "Bad Gateway"},
-    {"1015", "Service Unavailable"},
-    {"1016", "Gateway Timeout"},
-    {"1017", "Busy Everywhere"},
-    {"1018", "User declined the call"},
-    {"1019", "Does Not Exist Anywhere"},
-    {"101a", "Not Acceptable"},
-    {"2000", "No more new calls are acceptable on that endpoint"},
-    {"2001", "Poor media quality"},
-    {"2002", "Parsing the remote SDP msg failed"},
-    {"2003", "No codecs matching with remote end"},
-    {"2004", "No more processing power available"},
-    {"2005", "Remote SDP is not received"},
-    {"2006", "Disconnection after blind transfer"},
-    {"2007", "Callee pattern not matched with listed digitmap"},
-};
+// One behind the other, each behind its code and a blank.
+constexpr char reasons[] =
+    "1000 Unknown error\0"
+    "1001 Can't handle a new call\0"
+    "1002 Normal release by remote end\0"
+    "1003 User cancelled the call\0"
+    "1004 Response accepted\0"
+    "1005 Forbidden\0"
+    "1006 User not found/Gone\0"
+    "1007 Request timeout\0"
+    "1008 Conflict\0"
+    "1009 Request Entity Too Large\0"
+    "100a Media type unsupported\0"
+    "100b Unsupported extension\0"
+    "100c User temporarily unavailable\0"
+    "100d Call leg does not exist\0"
+    "100e Address is abmbiguous/too long/incomplete\0"
+    "100f User busy\0"
+    "1010 Bad event\0"
+    "1011 Request pending\0"
+    "1012 Internal Server Error\0"
+    "1013 Service not Implemented\0"
+    "1014 Bad Gateway\0"
+    "1015 Service Unavailable\0"
+    "1016 Gateway Timeout\0"
+    "1017 Busy Everywhere\0"
+    "1018 User declined the call\0"
+    "1019 Does Not Exist Anywhere\0"
+    "101a Not Acceptable\0"
+    "2000 No more new calls are acceptable on that endpoint\0"
+    "2001 Poor media quality\0"
+    "2002 Parsing the remote SDP msg failed\0"
+    "2003 No codecs matching with remote end\0"
+    "2004 No more processing power available\0"
+    "2005 Remote SDP is not received\0"
+    "2006 Disconnection after blind transfer\0"
+    "2007 Callee pattern not matched with listed digitmap\0";
 
 const char* reason_text(const CallRecord& record) {
-  for (const Reason& reason : reasons) {
-    if (record.reason.view() == reason.code) {
-      return reason.text;
+  constexpr std::size_t code_length = 4;
+  for (const char* reason = reasons; *reason != '\0'; reason += std::strlen(reason) + 1) {
+    if (record.reason.view() == std::string_view(reason, code_length)) {
+      return reason + code_length + 1;
     }
   }
-  return unknown_reason;
+  return "unknow reason";
 }
 
 const char* call_type_text(const CallRecord& record) {
@@ -121,9 +115,9 @@ void receive_call_log(int daemon) {
     std::snprintf(record.sequence.bytes.data(), record.sequence.bytes.size(), "%d", sequence);
     record.call_type.assign(fields[0]);
     record.phone_number.assign(fields[1]);
-    format_cdr_time(fields[2], record.call_time);
-    format_cdr_time(fields[3], record.answer_time);
-    format_cdr_time(fields[4], record.disconnect_time);
+    for (std::size_t i = 0; i < record.times.size(); ++i) {
+      format_cdr_time(fields[2 + i], record.times[i]);
+    }
     record.reason.assign(fields[5]);
     record.duration.assign(fields[6]);
     record.phone.assign(fields[7]);
@@ -143,21 +137,20 @@ void fetch_call_log() {
 void show_call(const CallRecord& record) {
   constexpr const char* rule =
       "------------------------------------------------------------------------------\n";
-  shell::put(rule);
-  shell::put(
-      "Phone Num       |Durace time|phone|Reason\n"
-      "----------------+-----------+-----+-------------------------------------------\n");
-  shell::print("%-16s|%11d|%5d|%s\n", record.phone_number.bytes.data(),
-               field_number(record.duration.bytes.data()), field_number(record.phone.bytes.data()) + 1,
-               reason_text(record));
-  shell::put(rule);
-  shell::put(
-      "Call type|Call time           |Answer time         |Disconnect time     \n"
-      "---------+--------------------+--------------------+--------------------------\n");
-  shell::print("%s|%-20s|%-20s|%-20s\n", call_type_text(record), record.call_time.bytes.data(),
-               record.answer_time.bytes.data(), record.disconnect_time.bytes.data());
-  shell::put(rule);
-  shell::put("\n");
+  shell::put(rule,
+             "Phone Num       |Durace time|phone|Reason\n"
+             "----------------+-----------+-----+-------------------------------------------\n");
+  shell::put(shell::Cell{record.phone_number.view(), 16}, '|',
+             shell::Number(field_number(record.duration.bytes.data()), 11), '|',
+             shell::Number(field_number(record.phone.bytes.data()) + 1, 5), '|', reason_text(record), '\n');
+  shell::put(rule,
+             "Call type|Call time           |Answer time         |Disconnect time     \n"
+             "---------+--------------------+--------------------+--------------------------\n");
+  shell::put(call_type_text(record));
+  for (const config::Text<21>& time : record.times) {
+    shell::put('|', shell::Cell{time.view(), 20});
+  }
+  shell::put('\n', rule, '\n');
 }
 
 }  // namespace

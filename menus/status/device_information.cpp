@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view rule = "------------------------------------------------------\n";
 
 void show_function_state(const char* name, std::uint8_t enabled) {
-  shell::print("%s : %s \n", name, enabled != 0 ? "Enabled" : "Disabled");
+  shell::put(name, enabled != 0 ? " : Enabled \n" : " : Disabled \n");
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void device_information() {
   shell::put("Device Mode : Router Mode \n");
   shell::put(rule);
   if (wan.name != nullptr) {
-    shell::print("WAN Type : %s \n", wan.name);
+    shell::put("WAN Type : ", wan.name, " \n");
   }
   if (wan.interface != nullptr) {
     show_interface_addresses(wan.interface, "WAN");

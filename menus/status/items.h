@@ -1,7 +1,11 @@
-// The pages of the Status menu. They change no setting.
+// The status menu and its pages. They change no setting.
 #pragma once
 
+#include "shell/menu.h"
+
 namespace menus::status {
+
+extern const shell::Submenu submenu;
 
 void device_information();
 void log_viewer();

@@ -15,8 +15,8 @@ namespace {
 
 constexpr const char* periods[] = {"total", "current"};
 constexpr const char* counters[] = {"send", "recv", "lost"};
-constexpr int phones = 2;
-constexpr int channels = 2;  // of each phone
+constexpr std::size_t phones = 2;
+constexpr std::size_t channels = 2;  // of each phone
 
 // Where in the answer the counters of a period begin, and where the states do.
 constexpr std::size_t period_length = phones * channels * std::size(counters);
@@ -31,17 +31,17 @@ using Fields = std::array<const char*, std::tuple_size_v<Queries>>;
 void write_queries(Queries& queries) {
   auto* query = queries.begin();
   for (const char* const period : periods) {
-    for (int i = 0; i < phones * channels; ++i) {
+    for (std::size_t i = 0; i < phones * channels; ++i) {
       for (const char* const counter : counters) {
-        std::snprintf(query->data(), query->size(), "get rtpstat%s%s %d %d", period, counter, i / channels,
+        std::snprintf(query->data(), query->size(), "get rtpstat%s%s %zu %zu", period, counter, i / channels,
                       i % channels);
         ++query;
       }
     }
   }
   for (const char* const state : {"epstate", "epregstate"}) {
-    for (int phone = 0; phone < phones; ++phone) {
-      std::snprintf(query->data(), query->size(), "get %s %d", state, phone);
+    for (std::size_t phone = 0; phone < phones; ++phone) {
+      std::snprintf(query->data(), query->size(), "get %s %zu", state, phone);
       ++query;
     }
   }
@@ -50,7 +50,7 @@ void write_queries(Queries& queries) {
 void show_states(std::span<const char* const> fields) {
   const char* separator = "";
   for (const char* const state : fields) {
-    shell::print("%s%-19.19s", separator, state != nullptr ? state : "");
+    shell::put(separator, shell::Cell{state != nullptr ? state : "", 19});
     separator = "|";
   }
   shell::put("\n");
@@ -61,7 +61,8 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
   shell::put(phone_and_channel);
   const char* const* total = &fields[row * std::size(counters)];
   for (std::size_t i = 0; i < std::size(counters); ++i, ++total) {
-    shell::print("|%9d|%9d", field_number(*total), field_number(total[period_length]));
+    shell::put('|', shell::Number(field_number(*total), 9), '|',
+               shell::Number(field_number(total[period_length]), 9));
   }
   shell::put("\n");
 }

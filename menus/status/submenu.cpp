@@ -1,5 +1,3 @@
-#include "menus/status/submenu.h"
-
 #include "menus/status/items.h"
 
 namespace menus::status {

@@ -34,7 +34,7 @@ std::string_view behind(std::string_view text, std::string_view marker, std::siz
 }
 
 void show_value(const char* label, const char* name, std::string_view value) {
-  shell::print("%s %s : %.*s\n", label, name, static_cast<int>(value.size()), value.data());
+  shell::put(label, name, config::text_in(value), '\n');
 }
 
 shell::CommandOutput ifconfig(const char* interface) {
@@ -51,7 +51,7 @@ void show_interface_mac(const char* interface, const char* label) {
   }
   const std::string_view line = output.next_line();
   if (!contains(line, "error")) {
-    show_value(label, "MAC Address", behind(up_to(line, '\n'), "HWaddr", 1));
+    show_value(label, " MAC Address : ", behind(up_to(line, '\n'), "HWaddr", 1));
   }
 }
 
@@ -120,8 +120,8 @@ void show_interface_addresses(const char* interface, const char* label) {
   }
   show_interface_mac(is_ppp ? "eth0" : interface, label);
   const std::string_view addresses = behind(up_to(output.next_line(), '\n'), "inet addr:", 0);
-  show_value(label, "IP Address", up_to(addresses, ' '));
-  show_value(label, "Subnet Mask", behind(addresses, "Mask:", 0));
+  show_value(label, " IP Address : ", up_to(addresses, ' '));
+  show_value(label, " Subnet Mask : ", behind(addresses, "Mask:", 0));
 }
 
 void show_dns_servers() {
@@ -139,11 +139,10 @@ void show_dns_servers() {
     }
     platform::close_file(file);
   }
-  shell::print("DNS 1 (Primary):%s\n", servers[0].bytes.data());
-  shell::print("DNS 2 (Secondary):%s\n", servers[1].bytes.data());
-  shell::put("Other DNS: ");
+  shell::put("DNS 1 (Primary):", servers[0].view(), "\nDNS 2 (Secondary):", servers[1].view(),
+             "\nOther DNS: ");
   for (std::size_t i = 2; i < count; ++i) {
-    shell::print("%s,", servers[i].bytes.data());
+    shell::put(servers[i].view(), ',');
   }
   shell::put("\n");
 }

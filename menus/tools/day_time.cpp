@@ -53,14 +53,14 @@ constexpr char time_zones[][37] = {
 // Anything but a number of a zone leaves the zone as it is, without a word.
 void select_time_zone() {
   std::uint8_t& zone = shell::segment().date_time.time_zone;
-  shell::print("Time Zone : %d-%s\n", zone, zone < std::size(time_zones) ? time_zones[zone] : "");
+  shell::put("Time Zone : ", shell::Number(zone), "-", zone < std::size(time_zones) ? time_zones[zone] : "");
   constexpr std::size_t last = std::size(time_zones) - 1;
-  for (std::size_t i = 0; i < last; i += 2) {
-    shell::print("%1d-%-36s %2d-%-36s\n", static_cast<int>(i), time_zones[i], static_cast<int>(i + 1),
-                 time_zones[i + 1]);
+  for (std::size_t i = 0; i <= last; ++i) {
+    // Two to a line.
+    const bool first = i % 2 == 0;
+    shell::put(first ? '\n' : ' ', shell::Number(i, first ? 1 : 2), '-', shell::Cell{time_zones[i], 36});
   }
-  shell::print("%1d-%-36s \n", static_cast<int>(last), time_zones[last]);
-  shell::print("Select Time Zone (0-%zu): ", last);
+  shell::put(" \nSelect Time Zone (0-", shell::Number(last), "): ");
   const bool answered = shell::read_line() != 0;
   const auto number = shell::whole_number(shell::line_text());
   if (answered && number && *number <= last) {
@@ -71,7 +71,8 @@ void select_time_zone() {
 // Waits for Enter, which keeps the current value wherever it lies, or for a number in range; other lines are
 // passed over without a word.
 int ask_number(const char* label, int current, shell::Range range) {
-  shell::print("%s(%d)  <%u-%u>:", label, current, range.low, range.high);
+  shell::put(label, '(', shell::Number(current), ")  <", shell::Number(range.low), '-',
+             shell::Number(range.high), ">:");
   while (shell::read_line() != 0) {
     const auto number = shell::whole_number(shell::line_text());
     if (number && shell::in_range(*number, range.low, range.high)) {

@@ -1,7 +1,11 @@
-// The dialogues of the tools menu.
+// The tools menu and its dialogues.
 #pragma once
 
+#include "shell/menu.h"
+
 namespace menus::tools {
+
+extern const shell::Submenu submenu;
 
 void day_time_menu();
 void ddns_menu();

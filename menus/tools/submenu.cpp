@@ -1,5 +1,3 @@
-#include "menus/tools/submenu.h"
-
 #include "menus/tools/items.h"
 
 namespace menus::tools {

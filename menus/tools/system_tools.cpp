@@ -25,7 +25,7 @@ void ping_host() {
   config::strip_newline(shell::line_buffer());
   const char* const arguments[] = {"ping", "-c", "1", shell::line_buffer().data(), nullptr};
   shell::flush_output();
-  const int status = platform::run_program("/bin/ping", arguments, false);
+  const int status = platform::run_program("/bin/ping", arguments, platform::Terminal::kept);
   if (status == 0) {
     shell::put("PING Success.\n");
   } else if (status == 255) {
@@ -37,7 +37,7 @@ void ping_host() {
 
 // Returns false.
 bool report_failure(const char* path, const char* reason) {
-  shell::print("%s: %s\n", path, reason);
+  shell::put(path, ": ", reason, '\n');
   return false;
 }
 
@@ -104,7 +104,7 @@ void factory_reset() {
   platform::sync_storage();
   platform::sleep_seconds(1);
   const char* const arguments[] = {"bbreboot", nullptr};
-  platform::run_program("/sbin/bbreboot", arguments, true);
+  platform::run_program("/sbin/bbreboot", arguments, platform::Terminal::left);
   shell::end_console();
 }
 

@@ -10,7 +10,7 @@ void run_action_menu(std::string_view heading, const RecordActions& actions) {
     const auto action = ask.pick(
         "%s\n0:add a phone number\n1:delete a phone number\n2:modify a phone number\n3:List phone number\n"
         "Action :",
-        heading, actions.size(), {.empty_is_zero = true});
+        heading, actions.size(), shell::empty_is_zero);
     if (ask.ended()) {
       return;
     }

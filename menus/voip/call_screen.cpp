@@ -71,9 +71,7 @@ void call_screen_delete() {
   Dialogue ask(Dialogue::ask_again);
   CallScreenEntry& entry = pick_entry(ask, {.no_empty_line = true});
   ask.note(entry.screen_list, config::free_slot);
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 // A free entry gets the number and stays free.
@@ -101,9 +99,7 @@ void call_screen_list() {
   int number = 0;
   for (const CallScreenEntry& entry : shell::segment().call_screen[list_number]) {
     if (in_use(entry)) {
-      shell::print("No.%d phone_number=", number);
-      shell::put(entry.screen_number.view());
-      shell::put("\n");
+      shell::put("No.", shell::Number(number), " phone_number=", entry.screen_number.view(), '\n');
     }
     ++number;
   }

@@ -51,16 +51,14 @@ void call_service() {
       ask.number("Call Service  Hunting Timeout?<%d>(5~180):", service.call_hunting_timeout, {5, 180},
                  {.no_empty_line = true});
   if (!ask.ended()) {
-    shell::print("call_hunting_timeout=%u \n", hunting_timeout);
+    shell::put("call_hunting_timeout=", shell::Number(hunting_timeout), " \n");
   }
   ask.number("Call Service  Repeat Timeout?<%d>(1~300):", service.call_repeat_timeout, {1, 300});
   for (std::size_t i = 0; i < service.phone_call_service.size(); ++i) {
     ask_phone(ask, i, service.phone_call_service[i]);
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

@@ -11,9 +11,7 @@ void e164_setting() {
   shell::Dialogue ask(shell::Dialogue::ask_again);
   ask.choice("E.164 Setting Call Enable?<%d>(0:Disable, 1:Enable):", shell::segment().e164_call_enable, "01");
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

@@ -18,9 +18,7 @@ void fax_setting() {
         ports[i].t38_option, {0, 3});
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

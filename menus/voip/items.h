@@ -1,7 +1,11 @@
-// The dialogues of the VoIP menu.
+// The VoIP menu and its dialogues.
 #pragma once
 
+#include "shell/menu.h"
+
 namespace menus::voip {
+
+extern const shell::Submenu submenu;
 
 void call_service();
 void phone_setting();

@@ -37,8 +37,7 @@ void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key
       other.dial_key = PhoneBookEntry::no_dial_key;
     }
   }
-  ask.commit();
-  shell::save_and_signal_voice_daemon();
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 void phone_book_add() {
@@ -56,9 +55,7 @@ void phone_book_delete() {
   shell::Dialogue ask(shell::Dialogue::ask_again);
   PhoneBookEntry& entry = pick_entry(ask);
   ask.note_zero(entry.phone_number.bytes[0], entry.note.bytes[0]);
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 void phone_book_modify() {
@@ -78,16 +75,14 @@ void phone_book_list() {
   for (const PhoneBookEntry& entry : shell::segment().phone_book) {
     if (in_use(entry)) {
       const bool has_key = entry.dial_key != PhoneBookEntry::no_dial_key;
+      shell::put("No.", shell::Number(number), " | DialKey=");
       if (has_key) {
-        shell::print("No.%d | DialKey=%d | Phone number=", number, entry.dial_key);
+        shell::put(shell::Number(entry.dial_key));
       } else {
-        shell::print("No.%d | DialKey=None | Phone number=", number);
+        shell::put("None");
       }
-      shell::put(entry.phone_number.view());
-      shell::put(has_key ? "\nnote:" : "\nnoto:");
-      shell::put(entry.note.view());
-      shell::put("\n");
-      shell::put(rule);
+      shell::put(" | Phone number=", entry.phone_number.view(), has_key ? "\nnote:" : "\nnoto:");
+      shell::put(entry.note.view(), '\n', rule);
     }
     ++number;
   }

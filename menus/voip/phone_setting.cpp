@@ -53,9 +53,7 @@ void phone_setting() {
     ask_port(ask, i, phone.phone_port[i]);
   }
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

@@ -26,9 +26,7 @@ void qos_tos_setting() {
   ask.number("QOS TOS/Diffserv Setting pri_data?<%d>(0-7):", qos.pri_data, {0, 7});
   ask.number("QOS TOS/Diffserv Setting vlan_data?<%d>(0-1023):", qos.vlan_data, {0, 1023});
 
-  if (ask.commit()) {
-    shell::save_and_signal_voice_daemon();
-  }
+  shell::commit_and_signal_voice_daemon(ask);
 }
 
 }  // namespace menus::voip

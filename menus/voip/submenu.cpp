@@ -1,5 +1,3 @@
-#include "menus/voip/submenu.h"
-
 #include "menus/voip/items.h"
 
 namespace menus::voip {

@@ -19,8 +19,7 @@ def test_what_is_set_is_stored_and_served_and_survives_a_restart(desk):
         "WAN Type?": "0", "WAN MAC Type?": "1", "Set MAC": "02:00:5e:00:00:99", "MTU?": "1400", "IP?": "198.51.100.7",
         "Subnet Mask?": "255.255.255.128", "Gateway?": "198.51.100.1", "Primary DNS IP": "198.51.100.53",
         "Secondary DNS IP": "198.51.100.54"}, until="Device will be reboot, please wait 60 seconds and re-connect!!")
-    child.expect("The desk restarted; ./run logs in again.")
-    assert (child.read(), child.wait()) == ("\r\n", 0)
+    assert child.read().endswith("The desk restarted; ./run logs in again.\r\n") and child.wait() == 0
 
     child = desk.console().log_in()
     desk.wait_for_log("voice_daemon: serving SIP port 5071")
@@ -41,7 +40,7 @@ def test_what_is_set_is_stored_and_served_and_survives_a_restart(desk):
 def test_telnet_clients_get_a_console_of_their_own_one_after_the_other(desk):
     with socket.create_server(("127.0.0.1", 0)) as other:
         port = str(other.getsockname()[1])
-        assert desk.run("--telnet", port).returncode == 1
+        assert "served" not in desk.run("--telnet", port).stderr
     server = desk.spawn("./run", "--telnet", port)
     if server.expect([f"Telnet clients are served on 127.0.0.1 port {port}", r"use \./run here"]):
         pytest.skip(server.before + server.after)

@@ -6,8 +6,9 @@ from desk import eventually
 
 
 def test_stored_rules_are_in_force_from_boot_until_they_are_deleted_and_useless_lines_are_told(desk):
-    desk.store("no_such_setting=1\nmac_filter_enable=200\nmac_filter_table[31].enable=1\n"
-               "mac_filter_table[31].schedule_mode=9\nmac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n")
+    desk.store("no_such_setting=1\nmac_filter_enable=200\nmac_filter_table[30].enable=200\n"
+               "mac_filter_table[31].enable=1\nmac_filter_table[31].schedule_mode=9\n"
+               "mac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n")
     child = desk.spawn("./run")
     child.expect("./run --log names their lines.*Username:")
     desk.wait_for_log("web_server: /dev/mtdblock/5, line 1 names no setting")

@@ -168,8 +168,9 @@ def memory(desk, program, walks=False):
 
 def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(desk):
     desk.console()
-    subprocess.run(["cc", "-Os", "-s", "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING, text=True,
-                   check=True)
+    hardened = ["-fPIE", "-pie", "-fstack-protector-strong", "-Wl,-z,relro,-z,now"]  # as the console is
+    subprocess.run(["cc", "-Os", "-s", *hardened, "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING,
+                   text=True, check=True)
     peak, own = memory(desk, "/usr/sbin/waits")
     assert memory(desk, "/usr/sbin/console")[0] <= 1.15 * peak
     assert memory(desk, "/usr/sbin/console", walks=True)[1] <= own + 48

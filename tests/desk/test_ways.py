@@ -30,7 +30,7 @@ def test_ctrl_z_stops_no_ping_and_ctrl_c_gives_the_login_back_though_one_hangs(d
     ping.write_text("#!/bin/sh\ntrap '' INT TERM HUP\nread -r _ </tmp/hangs\n")
     ping.chmod(0o755)
     os.mkfifo(hangs)
-    child = desk.console("env", IGNORED, "./run").log_in()
+    child = desk.console("bash", "-mc", f"env {IGNORED} ./run; exit $?").log_in()  # a shell that sees a stopped job
     child.send("4\n4\n0\nfirst\n")
     with open(hangs, "w"):
         child.sendcontrol("z")

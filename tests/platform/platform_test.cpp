@@ -3,26 +3,21 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 
 #include <csignal>
 #include <ctime>
 
-#include "platform/line_reader.h"
-
 namespace platform {
 namespace {
 
-using namespace std::string_literals;
-using std::string, testing::ExitedWithCode;
+using std::string;
 
 [[maybe_unused]] const bool prepared = [] {
   dup2(open("/dev/null", O_RDWR), STDIN_FILENO);
   std::signal(SIGCHLD, SIG_IGN);  // as whoever starts a console may have left it
   settle_signals();
-  struct sigaction interrupts {};  // without SA_RESTART
+  struct sigaction interrupts = {};  // without SA_RESTART
   interrupts.sa_handler = [](int) {};
   return sigaction(SIGUSR1, &interrupts, nullptr) == 0;
 }();
@@ -43,9 +38,9 @@ string output_of(CommandStream command) {
   return output;
 }
 
-int status_of(const string& script, bool new_session = false, const char* shell = "/bin/sh") {
+int status_of(const string& script, Terminal terminal = Terminal::kept, const char* shell = "/bin/sh") {
   const char* const arguments[] = {shell, "-c", script.c_str(), nullptr};
-  return run_program(shell, arguments, new_session);
+  return run_program(shell, arguments, terminal);
 }
 
 TEST(Platform, InputAndOutputWaitAndLoseNothing) {
@@ -72,11 +67,6 @@ TEST(Platform, InputAndOutputWaitAndLoseNothing) {
   }
 }
 
-TEST(Platform, EndsWithAReportAndAStatus) {
-  EXPECT_EXIT((close(STDOUT_FILENO), report_error("cfgid", EACCES), exit_process(write_output("?") ? 0 : 7)),
-              ExitedWithCode(7), "^cfgid: Permission denied\n$");
-}
-
 TEST(Platform, SignalsOfTheTerminalReachOnlyWhatIsStarted) {
   const auto bit = [](int number) { return 1ULL << (number - 1); };
   const auto settled = bit(SIGHUP) | bit(SIGINT) | bit(SIGQUIT) | bit(SIGPIPE) | bit(SIGTSTP);
@@ -98,18 +88,16 @@ TEST(Platform, ProgramsRunToTheirEnd) {
   const Interruptions meanwhile;
   EXPECT_EQ(status_of("exit 7"), 7);
   EXPECT_EQ(status_of("kill -KILL $$"), 128 + SIGKILL);
-  EXPECT_EQ(status_of("exit 0", false, "/does/not/exist"), 255);
+  EXPECT_EQ(status_of("exit 0", Terminal::kept, "/does/not/exist"), 255);
   EXPECT_EQ(output_of(open_command("yes | head -c 1000000")).size(), 1'000'000U);
   EXPECT_EQ(output_of(open_command("printf 'one\\ntwo'; kill -KILL $$")), "one\ntwo");
   const string leads_a_session = "read -r _ _ _ _ _ session _ </proc/$$/stat; [ $session = $$ ]";
-  EXPECT_EQ(status_of(leads_a_session, true), 0);
-  EXPECT_EQ(status_of(leads_a_session, false), 1);
+  EXPECT_EQ(status_of(leads_a_session, Terminal::left), 0);
+  EXPECT_EQ(status_of(leads_a_session, Terminal::kept), 1);
   for (const int not_inherited : {0, 1, 2, open_for_reading("/"), open_for_writing("/dev/null"), open_udp_socket(),
                                   meanwhile.command.descriptor}) {
     EXPECT_EQ(status_of("[ -e /proc/$$/fd/" + std::to_string(not_inherited) + " ]"), 1) << not_inherited;
   }
-  const rlimit none{};
-  EXPECT_EXIT((setrlimit(RLIMIT_NOFILE, &none), exit_process(-open_command("").descriptor)), ExitedWithCode(1), "");
 }
 
 TEST(Platform, TimeIsThatOfTheClockAndTheZoneInForce) {
@@ -125,22 +113,6 @@ TEST(Platform, TimeIsThatOfTheClockAndTheZoneInForce) {
     std::tm shown{at.second, at.minute, at.hour, at.day, at.month - 1, at.year - 1900, 0, 0, 0, 0, nullptr};
     EXPECT_NEAR(static_cast<double>(std::mktime(&shown)), static_cast<double>(began) / 1000, 300);
   }
-}
-
-TEST(Platform, LinesArriveWhole) {
-  int ends[2];
-  ASSERT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends), 0);  // each write is one read
-  for (const string& block : {"2 blocks\n15 char"s, "acters.\n\n14 characters\n"s, "NUL\0\nend"s}) {
-    EXPECT_EQ(write_all(ends[1], block), 0);
-  }
-  close(ends[1]);
-  LineReader reader(ends[0]);
-  char room[14];
-  for (const string& line :
-       {"2 blocks\n"s, "15 characters."s, "\n"s, "\n"s, "14 characters\n"s, "NUL\0\n"s, "end"s, ""s}) {
-    EXPECT_EQ(reader.next(room), line);
-  }
-  EXPECT_EQ(reader.error(), 0);
 }
 
 }  // namespace

@@ -181,8 +181,8 @@ void close_command(CommandStream stream) {
   close_file(stream.descriptor);
 }
 
-int run_program(const char* path, const char* const arguments[], bool new_session) {
-  string line = new_session ? string("setsid ") + path : path;
+int run_program(const char* path, const char* const arguments[], Terminal terminal) {
+  string line = terminal == Terminal::left ? string("setsid ") + path : path;
   for (; *arguments != nullptr; ++arguments) {
     line += string(" [") + *arguments + "]";
   }

@@ -35,19 +35,9 @@ TEST(Sip, Basic) {
   };
   hold(dialogue);
 
-  Desk desk = desk_of(dialogue);
-  hold(basic_setting, desk,
-       {
-           Visit({{"SIP Port", "5070"}, {"Media Port Start", "20000"}, {"Media Port End", "19999"}},
-                 "End?<20000>(1024~65535):" + port_range_error),
-           Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
-           Visit({{"Media Port End", "9999"}}, "End?<20000>(1024~65535):" + port_range_error),
-           Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000"),
-       });
-  // Without the daemon's flag the settings are saved all the same.
-  desk.failing = {"attach 1357"};
-  hold(basic_setting, desk,
-       {Visit({{"SIP Port", "5070"}}, save + setting_saved + "{cfgid: Permission denied}", "sip_port=5070")});
+  hold(basic_setting, desk_of(dialogue),
+       {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
+        Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000")});
 }
 
 // ---- Accounts ----
@@ -90,22 +80,20 @@ std::vector<Question> questions_of_line(std::size_t i) {
 
 TEST(Sip, Accounts) {
   Dialogue accounts = {.item = account_setting, .refusals = Refusals::as_illegal, .ending = save_and_tell_daemon};
-  accounts.questions = {
-      Question(fields.auth_expire_time, 3600, "Authentication Expire Time?<%d>(60~65535):", number(60, 65535))};
-  accounts.questions = accounts.questions + questions_of_line(0) + questions_of_line(1);
+  accounts.questions = std::vector{Question(fields.auth_expire_time, 3600,
+                                            "Authentication Expire Time?<%d>(60~65535):", number(60, 65535))} +
+                       questions_of_line(0) + questions_of_line(1);
   hold(accounts);
 
-  hold(account_setting, desk_of(accounts),
-       {Visit({{"Phone 1 Enable", ""}, {"P-Asserted Enable", "0"}, {"Use Outbound Proxy", "0"}}, save_and_tell_daemon,
+  // Other programs may store another value than 1 for on.
+  Desk desk = desk_of(accounts);
+  desk.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
+  hold(account_setting, desk.set("sip_server[0].use_outbound_proxy", "255"),
+       {Visit({}, save_and_tell_daemon),
+        Visit({{"Phone 1 Enable", ""}, {"P-Asserted Enable", "0"}, {"Use Outbound Proxy", "0"}}, save_and_tell_daemon,
               "sip_line[1].p_asserted_enable=0 sip_line[1].asserted_identity_uri= "
               "sip_line[1].asserted_identity_display_name= sip_server[1].use_outbound_proxy=0 "
               "sip_server[1].outbound_proxy_address= sip_server[1].outbound_proxy_port=0")});
-  // Other programs may store another value than 1 for on.
-  Desk odd = desk_of(accounts);
-  odd.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
-  odd.set("sip_server[0].use_outbound_proxy", "255");
-  hold(account_setting, odd,
-       {Visit({{"Asserted Identity URI", ""}, {"Outbound Proxy Server Port", ""}}, save_and_tell_daemon)});
 }
 
 // A line that is switched off is cleared, to the last byte, and not asked about.
@@ -135,13 +123,10 @@ TEST(Sip, NatTraversal) {
   };
   hold(upnp);
 
-  Desk both = desk_of(stun);
-  both.set("sip_upnp_enable", "1");
-  hold(nat_traversal, both,
+  // Whatever is not 0 is on.
+  hold(nat_traversal, desk_of(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
        {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0"),
         Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});
-  both.set("stun_enable", "2");  // counts as on
-  hold(nat_traversal, both, {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0")});
 }
 
 }  // namespace

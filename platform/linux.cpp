@@ -237,6 +237,10 @@ int write_all(int descriptor, std::string_view bytes) {
   return write_whole(descriptor, bytes) ? 0 : -errno;
 }
 
+int flush_file(int descriptor) {
+  return or_error(retried([&] { return fsync(descriptor); }));
+}
+
 int rewind_file(int descriptor) {
   return lseek(descriptor, 0, SEEK_SET) < 0 ? -errno : 0;
 }

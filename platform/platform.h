@@ -105,6 +105,8 @@ int open_for_writing(const char* path);  // creates or truncates
 std::ptrdiff_t read_some(int descriptor, std::span<char> into);
 // 0, or a negative errno value when not all of it was written.
 int write_all(int descriptor, std::string_view bytes);
+// Returns once storage has what was written. 0, or a negative errno value.
+int flush_file(int descriptor);
 // Back to the first byte. 0, or a negative errno value.
 int rewind_file(int descriptor);
 // 0, or the negative errno value with which the last write-back failed. Never call it twice.

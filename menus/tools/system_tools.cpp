@@ -72,6 +72,11 @@ bool copy_lines(int defaults, const char* path) {
   for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
     write_error = platform::write_all(partition, piece);
   }
+  // While another program has the partition open, closing it leaves the last erase block in the kernel's
+  // memory, and so does sync().
+  if (write_error == 0) {
+    write_error = platform::flush_file(partition);
+  }
   const int close_error = platform::close_file(partition);
   if (write_error != 0 || close_error != 0) {
     return report_failure(config::settings_partition, write_error != 0 ? write_error : close_error);

@@ -226,6 +226,10 @@ int write_all(int descriptor, std::string_view bytes) {
   return failed;
 }
 
+int flush_file(int descriptor) {
+  return result("flush " + open_files.at(descriptor).path, EIO);
+}
+
 int rewind_file(int descriptor) {
   OpenFile& file = open_files.at(descriptor);
   const int failed = result("rewind " + file.path, EIO);

@@ -90,6 +90,7 @@ TEST(SystemTools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
       {"a\n", "read " + defaults, defaults + ": Input/output error" + menu, "old"},
       {"a\n", "open " + partition, partition + ": Permission denied" + menu, "old"},
       {"a\n", "write " + partition, partition + ": No space left on device" + menu, ""},
+      {"a\n", "flush " + partition, partition + ": Input/output error" + menu, "a\n"},
       {"a\n", "close " + partition, partition + ": Input/output error" + menu, "a\n"},
   };
   for (const auto& [content, failing, ending, written] : cases) {

@@ -10,6 +10,6 @@ if(EXISTS ${SOURCE}/.git)
   endif()
 endif()
 file(CONFIGURE OUTPUT ${OUTPUT} CONTENT [[extern "C" const char console_version[];
-// The console has no word for its version; strings(1) finds it.
+// Nothing shows the commit; strings(1) finds it.
 const char console_version[] = "@stamp@";
 ]] @ONLY)

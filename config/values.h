@@ -50,7 +50,8 @@ struct Mac {
 
 // The characters before the first NUL, or the whole buffer when it holds none.
 inline std::string_view text_in(std::span<const char> buffer) {
-  return {buffer.data(), strnlen(buffer.data(), buffer.size())};
+  const std::string_view whole(buffer.data(), buffer.size());
+  return whole.substr(0, whole.find('\0'));
 }
 
 // Replaces the buffer's contents by `text`, NUL-padded to the buffer's end. A text that does not fit with its

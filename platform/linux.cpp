@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <poll.h>
+#include <spawn.h>
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <sys/socket.h>
@@ -76,33 +77,37 @@ struct ChildSetup {
   Keyboard keyboard = Keyboard::interrupts;
 };
 
-// Returns the child's process number, -1 when there is none. Between vfork and exec the child borrows our
-// memory: it only makes system calls.
+// Returns the child's process number, -1 when it cannot be started.
 pid_t start(const char* path, const char* const arguments[], const ChildSetup& setup) {
-  const pid_t child = vfork();  // NOLINT: within what is said above
-  if (child != 0) {
-    return child;
+  sigset_t defaults;
+  sigemptyset(&defaults);
+  for (const int number : {SIGHUP, SIGPIPE, SIGINT, SIGQUIT}) {
+    if (setup.keyboard == Keyboard::interrupts || number == SIGHUP || number == SIGPIPE) {
+      sigaddset(&defaults, number);
+    }
   }
-  std::signal(SIGHUP, SIG_DFL);
-  std::signal(SIGPIPE, SIG_DFL);
-  if (setup.keyboard == Keyboard::interrupts) {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGQUIT, SIG_DFL);
-  }
-  if (setup.terminal == Terminal::left) {
-    setsid();
-  }
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setsigdefault(&attributes, &defaults);
+  const int flags = POSIX_SPAWN_SETSIGDEF | (setup.terminal == Terminal::left ? POSIX_SPAWN_SETSID : 0);
+  posix_spawnattr_setflags(&attributes, static_cast<short>(flags));
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
   if (setup.output >= 0) {
-    dup2(setup.output, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, setup.output, STDOUT_FILENO);
   }
-  if (setup.closes_stdio) {
-    close(STDIN_FILENO);
-    close(STDOUT_FILENO);
-    close(STDERR_FILENO);
+  for (int stream = STDIN_FILENO; setup.closes_stdio && stream <= STDERR_FILENO; ++stream) {
+    posix_spawn_file_actions_addclose(&actions, stream);
   }
-  // execv's prototype predates const; it does not write to the arguments.
-  execv(path, const_cast<char* const*>(arguments));
-  _exit(cannot_start);
+
+  pid_t child = -1;
+  // The prototype predates const; it does not write to the arguments.
+  auto* const writable = const_cast<char* const*>(arguments);
+  const int failed = posix_spawn(&child, path, &actions, &attributes, writable, environ);
+  posix_spawn_file_actions_destroy(&actions);
+  posix_spawnattr_destroy(&attributes);
+  return failed == 0 ? child : -1;
 }
 
 pid_t start_shell(const char* command, const ChildSetup& setup) {
@@ -262,6 +267,10 @@ int bind_udp_to_any(int socket) {
   local.sin_family = AF_INET;
   local.sin_addr.s_addr = htonl(INADDR_ANY);
   return or_error(bind(socket, reinterpret_cast<const sockaddr*>(&local), sizeof local));
+}
+
+bool parse_address(const char* text, std::uint32_t& address) {
+  return inet_pton(AF_INET, text, &address) == 1;
 }
 
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port) {

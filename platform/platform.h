@@ -115,8 +115,10 @@ const char* error_text(int error);
 
 // ---- UDP ----
 
-// All return 0 or more, or a negative errno value. Addresses hold the first octet in the lowest-addressed
-// byte; ports are in host order.
+// The descriptors' calls return 0 or more, or a negative errno value. Addresses hold the first octet in the
+// lowest-addressed byte; ports are in host order. False, with `address` as it was, when the text is no dotted
+// address.
+bool parse_address(const char* text, std::uint32_t& address);
 int open_udp_socket();
 int bind_udp_to_any(int socket);
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port);

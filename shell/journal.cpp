@@ -41,14 +41,9 @@ std::span<char> Journal::note(std::span<char> field) {
 }
 
 void Journal::note_ahead() {
-  bring_forward();
-  ahead_from_ = length_;
-}
-
-void Journal::bring_forward() {
   char* const begin = entries_.data();
   swap_neighbours(begin, begin + ahead_from_, begin + length_);
-  ahead_from_ = 0;
+  ahead_from_ = length_;
 }
 
 void Journal::put_before(const void* next, const void* field) {
@@ -79,14 +74,19 @@ std::span<char> Journal::entry_of(const void* field) {
 }
 
 void Journal::commit() {
-  bring_forward();
-  for (const char* at = entries_.data(); at < entries_.data() + length_;) {
-    const Head head = head_at(at);
-    at += sizeof head;
-    platform::write_shared(head.field, {at, head.size});
-    at += head.size;
+  const std::span noted = std::span(entries_).first(length_);
+  write(noted.subspan(ahead_from_));
+  write(noted.first(ahead_from_));
+  length_ = ahead_from_ = 0;
+}
+
+void Journal::write(std::span<const char> entries) {
+  while (!entries.empty()) {
+    const Head head = head_at(entries.data());
+    entries = entries.subspan(sizeof head);
+    platform::write_shared(head.field, entries.first(head.size));
+    entries = entries.subspan(head.size);
   }
-  length_ = 0;
 }
 
 }  // namespace shell

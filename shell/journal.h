@@ -25,7 +25,7 @@ class Journal {
   void commit();
 
  private:
-  void bring_forward();
+  static void write(std::span<const char> entries);
   std::span<char> entry_of(const void* field);
 
   std::size_t length_ = 0;

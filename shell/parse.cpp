@@ -1,6 +1,7 @@
 #include "shell/parse.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 
 namespace shell {
@@ -18,7 +19,7 @@ bool is_all_digits(std::string_view text) {
       return false;
     }
   }
-  return !text.empty();
+  return true;
 }
 
 std::optional<std::uint32_t> decimal_value(std::string_view text) {
@@ -28,17 +29,10 @@ std::optional<std::uint32_t> decimal_value(std::string_view text) {
   if (negative || text.starts_with('+')) {
     text.remove_prefix(1);
   }
-  std::uint64_t value = 0;
-  for (std::size_t i = 0; i < text.size() && is_digit(text[i]); ++i) {
-    value = value * 10 + static_cast<std::uint64_t>(text[i] - '0');
-    if (value > UINT32_MAX) {
-      return std::nullopt;
-    }
-  }
-  if (negative && value != 0) {
-    return std::nullopt;
-  }
-  return static_cast<std::uint32_t>(value);
+  std::uint32_t value = 0;
+  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
+  const bool is_out_of_range = parsed.ec == std::errc::result_out_of_range || (negative && value != 0);
+  return is_out_of_range ? std::nullopt : std::optional(value);
 }
 
 std::optional<std::uint32_t> whole_number(std::string_view line) {

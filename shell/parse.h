@@ -12,7 +12,7 @@
 
 namespace shell {
 
-// True when every character but the last is a decimal digit; so for a bare newline. False for an empty text.
+// True when every character but the last is a decimal digit; so for a bare newline.
 bool is_all_digits(std::string_view text);
 
 // The number with which the text begins, blanks and a sign before it allowed; 0 when it begins with none.

@@ -1,5 +1,5 @@
 // The sessions of the fuzzing corpus, undisturbed, and with every call to the operating system failing in
-// turn in each of its ways.
+// turn.
 #include <gtest/gtest.h>
 
 #include <cctype>

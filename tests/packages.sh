@@ -47,7 +47,8 @@ echo '#include <config/login_record.h>
 # The package in a fresh system: installed, used and removed again.
 [ "$architecture" = "$(dpkg --print-architecture)" ] || exit 0
 # shellcheck disable=SC2016 # $1 is the fresh system
-mmdebstrap --variant=essential --format=null --quiet --customize-hook="touch $work/ready" \
+mmdebstrap --variant=essential --format=null --quiet \
+  --customize-hook="unshare --ipc chroot \"\$1\" true && touch $work/ready" \
   --customize-hook="upload $(echo "$work"/ntx4830-console_*.deb) /console.deb" --customize-hook='unshare --ipc chroot "$1" sh -euc "
     dpkg --install /console.deb
     printf \"\n\nq\n\" | console | grep \"Basic Network Setting\"

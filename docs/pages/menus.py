@@ -12,6 +12,11 @@ import subprocess
 import sys
 
 ADDRESS, NETMASK, MAC = "192.168.1.150", "255.255.0.0", "00:11:22:33:44:66"
+ADDRESSES = [
+    ("a MAC address", [MAC, "00:11:22:33:44:77"], []),
+    ("an IPv4 address", [ADDRESS, "192.168.1.151", "192.168.1.152"], ["192.168.1.1"]),
+    ("a netmask", [NETMASK, "255.0.0.0"], ["255.0.255.0"]),
+]
 # Answers by which any question lets one go on.
 PLAIN = ["", "0", "1", ADDRESS, NETMASK, MAC, "5", "x", "12345", "q"]
 WRONG = ["x", "1x", "-1", "99999999999", "1.2.3", "0.0.0.0", "00:11", ""]
@@ -104,16 +109,17 @@ class Question:
         if self.accepts("a b") and self.accepts("3") and self.accepts("17"):
             longest = self.bound(lambda length: "a" * length, 1, LONGEST + 1)
             return f"a text of up to {longest} characters", ["a", "b"], ["a" * (longest + 1)]
-        if self.accepts(MAC):
-            return "a MAC address", [MAC, "00:11:22:33:44:77"], []
-        if self.accepts(ADDRESS):
-            return "an IPv4 address", [ADDRESS, "192.168.1.151", "192.168.1.152"], ["192.168.1.1"]
-        if self.accepts(NETMASK):
-            return "a netmask", [NETMASK, "255.0.0.0"], ["255.0.255.0"]
+        if not any(self.accepts(str(digit)) for digit in range(10)):
+            for words, accepted, refused in ADDRESSES:
+                if self.accepts(accepted[0]):
+                    return words, accepted, refused
         if self.accepts("1234567") and self.accepts("0001") and not self.accepts("1x"):
             longest = self.bound(lambda length: "1" * length, 1, LONGEST + 1)
             if longest > 10:
                 return f"up to {longest} digits", ["12", "13"], ["1" * (longest + 1)]
+        digits = [str(digit) for digit in range(10) if self.accepts(str(digit))]
+        if digits and self.accepts(digits[-1] + "x99") and self.accepts(digits[-1] + "99"):
+            return ", ".join(digits) + " as the first character", digits, []
         numbers = self.numbers
         if not numbers:
             return "", [], []

@@ -153,7 +153,7 @@ int main(int /*count*/, char** arguments) {
       for (const shell::Submenu* submenu : menus::menu_tree) {
         screens.push_back(string(submenu->label()) + "\n" + string(submenu->screen()));
       }
-      std::cout << list(screens) << std::endl;
+      std::cout << list(screens) << '\n' << std::flush;
       continue;
     }
     ConfigurationSegment settings = factory;
@@ -167,7 +167,7 @@ int main(int /*count*/, char** arguments) {
         numbers_and_answers.push_back(field);
       }
     }
-    std::cout << visit(settings, numbers_and_answers) << std::endl;
+    std::cout << visit(settings, numbers_and_answers) << '\n' << std::flush;
   }
   return 0;
 }

@@ -1,7 +1,5 @@
 #include "menus/status/voice_daemon.h"
 
-#include <arpa/inet.h>
-
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -42,7 +40,7 @@ int exchange(int daemon, std::span<const char* const> commands) {
 
 int voice_daemon_open(const char* address, std::uint16_t port) {
   std::uint32_t word = 0;
-  if (inet_pton(AF_INET, address, &word) != 1) {
+  if (!platform::parse_address(address, word)) {
     return -1;
   }
   const int descriptor = platform::open_udp_socket();

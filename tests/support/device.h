@@ -2,7 +2,6 @@
 // every command noted in the order in which it was run.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -27,11 +26,6 @@ struct Device {
 
   std::uint32_t clock = 1'000'000;   // in seconds; sleeping and waiting move it on
   std::uint32_t milliseconds = 990;  // of the second that has begun
-  void pass(std::uint32_t more_milliseconds) {
-    milliseconds += more_milliseconds;
-    clock += milliseconds / 1000;
-    milliseconds %= 1000;
-  }
   platform::LocalTime local_time{2010, 3, 15, 14, 30, 5};
 
   // What is typed, in the pieces in which it arrives; after the last one the connection is closed.
@@ -64,8 +58,8 @@ struct Device {
   // Calls that fail: "attach 1234", "open PATH", "write PATH", "udp socket", "start PATH", "output", ...
   std::set<std::string> failing;
 
-  // Every way in which a call can fail is a chance, and the chances of a session are counted. The call whose
-  // chance has the number `fault`, from 1, fails in that way; 0 for none. `failed` is which call that was.
+  // Calls that can fail are counted. The one with the number `fault`, from 1, fails; 0 for none. `failed` is
+  // which call that was.
   std::size_t chances = 0;
   std::size_t fault = 0;
   std::string failed;

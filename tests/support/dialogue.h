@@ -6,7 +6,7 @@
 //            {.too_long = TooLong::empties}),
 //
 // hold() makes every visit that follows from the rows, and holds what is shown to the last character and what
-// is stored to the last byte. A failure is reported once, at the row where the two first differ.
+// is stored to the last byte. A failure names the row that was answered last.
 #pragma once
 
 #include <concepts>
@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <source_location>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,14 +55,6 @@ TextKind text(std::size_t longest);
 TextKind line(std::size_t longest);  // stored with the line feed that ended it
 TextKind digits(std::size_t longest);
 
-// Which of them a field takes.
-template <typename Number>
-NumberKind taken_by(const Number& field);
-AddressKind taken_by(const config::Ipv4& field);
-MacKind taken_by(const config::Mac& field);
-template <std::size_t N>
-TextKind taken_by(const config::Text<N>& field);
-
 // ---- Questions ----
 
 enum class TooLong : std::uint8_t { is_refused, empties, keeps };
@@ -90,18 +83,18 @@ struct Stored {
 };
 
 // Where a row stands in the tests.
-struct Place {
-  const char* file;
-  int line;
-};
-constexpr Place here(const char* file = __builtin_FILE(), int line = __builtin_LINE()) {
-  return {file, line};
+using Place = std::source_location;
+constexpr Place here(Place place = Place::current()) {
+  return place;
 }
+
+// The element of the segment that this member of `fields` is.
+std::optional<config::FieldElement> element_at(const void* member);
 
 struct Question {
   template <typename Field>
-  Question(Field& member, const Stored& holds, std::string asked, const decltype(taken_by(member))& takes,
-           Departures departures = {}, Place at = here())
+  Question(Field& member, const Stored& holds, std::string asked, const Kind& takes, Departures departures = {},
+           Place at = here())
       : Question(std::move(asked), takes, std::move(departures), at) {
     field = element_at(&member);
     stored = holds.value;
@@ -115,9 +108,6 @@ struct Question {
   Kind kind;
   Departures departs;
   Place place;
-
- private:
-  static std::optional<config::FieldElement> element_at(const void* member);
 };
 
 // ---- Dialogues ----

@@ -1,9 +1,8 @@
-#include <algorithm>
+#include <arpa/inet.h>
+
 #include <cerrno>
 #include <csetjmp>
 #include <cstring>
-#include <iterator>
-#include <utility>
 
 #include "config/voice_change.h"
 #include "platform/platform.h"
@@ -19,10 +18,10 @@ Device* current = nullptr;
 std::jmp_buf exit_point;
 
 struct OpenFile {
-  string path, content = {}, rest = content;
+  string path, rest = {};
 };
 std::map<int, OpenFile> open_files;
-std::deque<string> datagrams;
+Strings datagrams;
 
 // What was shown before a program is started, or the device waits, has to be out by then.
 void note(const string& event) {
@@ -35,25 +34,30 @@ std::ptrdiff_t take(string& from, std::span<char> into) {
   return static_cast<std::ptrdiff_t>(taken);
 }
 
-// In which of its ways this call fails, from 1; 0 when it does not.
-std::size_t failure(const string& call, std::size_t ways = 1) {
-  const std::size_t before = std::exchange(current->chances, current->chances + ways);
-  if (before < current->fault && current->fault <= current->chances) {
-    current->failed = call;
-    return current->fault - before;
+void pass(std::uint32_t milliseconds) {
+  current->milliseconds += milliseconds;
+  current->clock += current->milliseconds / 1000;
+  current->milliseconds %= 1000;
+}
+
+bool fails(const string& call) {
+  const bool in_turn = ++current->chances == current->fault;
+  current->failed = in_turn ? call : current->failed;
+  return in_turn || current->failing.count(call) > 0;
+}
+
+// `succeeded`, or the negative errno value with which this call fails.
+int result(const string& call, int error, int succeeded = 0) {
+  return fails(call) ? -error : succeeded;
+}
+
+// A descriptor for it, or the negative errno value.
+int open_file(const OpenFile& file, const string& call, int error) {
+  const int descriptor = result(call, error, open_files.empty() ? 0 : open_files.rbegin()->first + 1);
+  if (descriptor >= 0) {
+    open_files.emplace(descriptor, file);
   }
-  return current->failing.count(call);
-}
-
-// 0, or the negative errno value with which this call fails.
-int result(const string& call, int error) {
-  return failure(call) != 0 ? -error : 0;
-}
-
-int open_file(const OpenFile& file) {
-  ++current->open_descriptors;
-  const int descriptor = open_files.empty() ? 0 : open_files.rbegin()->first + 1;
-  open_files.emplace(descriptor, file);
+  current->open_descriptors = static_cast<int>(open_files.size());
   return descriptor;
 }
 
@@ -66,7 +70,6 @@ Device& device() {
 void use_device(Device& device) {
   current = &device;
   open_files.clear();
-  datagrams.clear();
 }
 
 int run_to_exit(void (*body)()) {
@@ -89,7 +92,7 @@ void settle_signals() {}
 std::size_t read_input(std::span<char> into) {
   current->waits.push_back(current->transcript.size());
   current->on_wait(current->waits.size() - 1);
-  if (failure("input") != 0 || current->input.empty()) {
+  if (fails("input") || current->input.empty()) {
     return 0;
   }
   const std::ptrdiff_t taken = take(current->input.front(), into);
@@ -100,7 +103,7 @@ std::size_t read_input(std::span<char> into) {
 }
 
 bool write_output(std::string_view bytes) {
-  const bool written = failure("output") == 0;
+  const bool written = !fails("output");
   current->transcript += written ? bytes : "";
   return written;
 }
@@ -115,22 +118,20 @@ void exit_process(int status) {
 
 Attachment attach_segment(std::int32_t key, std::size_t size) {
   const string name = "attach " + std::to_string(key);
-  if (failure(name) != 0) {
+  if (fails(name)) {
     return {Attachment::Outcome::not_opened, EACCES, nullptr};
   }
-  if (failure(name + " memory") != 0) {
+  if (fails(name + " memory")) {
     return {Attachment::Outcome::not_attached, EINVAL, nullptr};
   }
   ++current->attached_segments;
-  if (key == config::LoginRecord::key && size == sizeof current->login) {
-    return {Attachment::Outcome::attached, 0, &current->login};
+  if (size == sizeof current->voice_change) {
+    shell::flush_output();  // of no consequence to the flag, but the order shows
+    note(name);
+    return {Attachment::Outcome::attached, 0, &current->voice_change};
   }
-  if (key == config::ConfigurationSegment::key && size == sizeof current->settings) {
-    return {Attachment::Outcome::attached, 0, &current->settings};
-  }
-  shell::flush_output();  // of no consequence to the flag, but the order shows
-  note(name);
-  return {Attachment::Outcome::attached, 0, &current->voice_change};
+  void* const login = &current->login;
+  return {Attachment::Outcome::attached, 0, key == config::LoginRecord::key ? login : &current->settings};
 }
 
 void detach_segment(void* memory) {
@@ -169,11 +170,8 @@ void run_shell_command(const char* command, Keyboard keyboard) {
 
 CommandStream open_command(const char* command) {
   note(command);
-  if (failure(string("start ") + command) != 0) {
-    return {-1, -1};
-  }
   current->on_command(command);
-  const int descriptor = open_file({command, current->command_output[command]});
+  const int descriptor = open_file({command, current->command_output[command]}, string("start ") + command, 1);
   return {descriptor, descriptor};
 }
 
@@ -187,9 +185,7 @@ int run_program(const char* path, const char* const arguments[], Terminal termin
     line += string(" [") + *arguments + "]";
   }
   note(line);
-  constexpr int ends[] = {1, 255, 128 + 9};
-  const std::size_t failed = failure(string("run ") + path, std::size(ends));
-  return failed > 0 ? ends[failed - 1] : current->program_status[path];
+  return fails(string("run ") + path) ? 255 : current->program_status[path];
 }
 
 void sync_storage() {
@@ -197,26 +193,21 @@ void sync_storage() {
 }
 
 int open_for_reading(const char* path) {
-  const auto file = current->files.find(path);
-  const bool exists = file != current->files.end();
-  const int failed = exists ? result(string("open ") + path, EACCES) : -ENOENT;
-  return failed != 0 ? failed : open_file({path, file->second});
+  const bool exists = current->files.count(path) > 0;
+  return exists ? open_file({path, current->files[path]}, string("open ") + path, EACCES) : -ENOENT;
 }
 
 int open_for_writing(const char* path) {
-  const int failed = result(string("open ") + path, EACCES);
-  if (failed == 0) {
+  const int descriptor = open_file({path}, string("open ") + path, EACCES);
+  if (descriptor >= 0) {
     current->files[path].clear();
   }
-  return failed != 0 ? failed : open_file({path});
+  return descriptor;
 }
 
 std::ptrdiff_t read_some(int descriptor, std::span<char> into) {
   OpenFile& file = open_files.at(descriptor);
-  if (failure("read " + file.path) != 0) {
-    return -EIO;
-  }
-  return take(file.rest, into);
+  return fails("read " + file.path) ? -EIO : take(file.rest, into);
 }
 
 int write_all(int descriptor, std::string_view bytes) {
@@ -232,9 +223,8 @@ int flush_file(int descriptor) {
 
 int rewind_file(int descriptor) {
   OpenFile& file = open_files.at(descriptor);
-  const int failed = result("rewind " + file.path, EIO);
-  file.rest = failed == 0 ? file.content : file.rest;
-  return failed;
+  file.rest = current->files[file.path];
+  return 0;
 }
 
 int close_file(int descriptor) {
@@ -249,13 +239,15 @@ const char* error_text(int error) {
 }
 
 int open_udp_socket() {
-  datagrams.clear();
-  const int failed = result("udp socket", EMFILE);
-  return failed != 0 ? failed : open_file({"udp"});
+  return open_file({"udp"}, "udp socket", EMFILE);
 }
 
 int bind_udp_to_any(int /*socket*/) {
   return result("udp bind", EADDRINUSE);
+}
+
+bool parse_address(const char* text, std::uint32_t& address) {
+  return inet_pton(AF_INET, text, &address) == 1;
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
@@ -265,40 +257,32 @@ int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
 }
 
 std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
-  if (const std::size_t failed = failure("udp send", 2); failed > 0) {
-    return failed == 1 ? -ECONNREFUSED : static_cast<std::ptrdiff_t>(bytes.size() - 1);
-  }
   current->requests.emplace_back(bytes);
-  std::ranges::copy(current->on_datagram(string(bytes)), std::back_inserter(datagrams));
-  return static_cast<std::ptrdiff_t>(bytes.size());
+  datagrams = current->on_datagram(string(bytes));
+  return static_cast<std::ptrdiff_t>(bytes.size()) - (fails("udp send") ? 1 : 0);
 }
 
 std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
   string datagram = datagrams.at(0);  // without one the device would wait here for ever
-  datagrams.pop_front();
-  if (failure("udp receive") != 0 || datagram == "refused") {
-    current->pass(900);  // comes back at once, yet the deadline has to come closer
+  datagrams.erase(datagrams.begin());
+  if (fails("udp receive") || datagram == "refused") {
+    pass(900);  // comes back at once, yet the deadline has to come closer
     return -ECONNREFUSED;
   }
   return take(datagram, into);
 }
 
 int wait_readable(int /*socket*/, int milliseconds) {
-  const std::size_t failed = failure("udp wait", 2);
-  if (failed == 1) {
-    return -EBADF;
-  }
-  if (failed == 2 || datagrams.empty()) {
+  const int ready = result("udp wait", EBADF, datagrams.empty() ? 0 : 1);
+  if (ready == 0) {
     note("silence " + std::to_string(milliseconds));
-    current->pass(static_cast<std::uint32_t>(milliseconds));
-    return 0;
+    pass(static_cast<std::uint32_t>(milliseconds));
   }
-  return 1;
+  return ready;
 }
 
 void close_socket(int socket) {
-  open_files.erase(socket);
-  --current->open_descriptors;
+  close_file(socket);
 }
 
 }  // namespace platform

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <sstream>
 
 #include "config/field_table.h"
 #include "menus/menu_tree.h"
@@ -15,45 +14,22 @@ namespace {
 
 using std::string;
 
-// A question nobody answers rightly would be asked for ever.
-constexpr std::size_t most_questions = 300;
-
-// The number before a label on a screen.
-string number_before(const string& label, const string& screen) {
-  const std::size_t colon = screen.find(":" + label + "\n"), line = screen.rfind('\n', colon) + 1;
-  EXPECT_NE(colon, string::npos) << "no menu has \"" << label << "\"";
-  return colon == string::npos ? "99" : screen.substr(line, colon - line);
-}
-
 // What leads to the item, and the screen of its submenu with the prompt below.
 struct Way {
   string typed, submenu;
 
   explicit Way(const Item& item) {
     const auto found = std::ranges::find(menus::menu_tree, item.submenu, &shell::Submenu::label);
-    const auto number = static_cast<std::size_t>(found - menus::menu_tree.begin());
-    const string screen(menus::menu_tree.at(number)->screen());
-    typed = "admin\nadmin\n" + std::to_string(number) + "\n" + number_before(item.label, screen) + "\n";
+    const string screen(menus::menu_tree.at(static_cast<std::size_t>(found - menus::menu_tree.begin()))->screen());
+    const std::size_t label = screen.find(":" + item.label + "\n"), line = screen.rfind('\n', label) + 1;
+    EXPECT_NE(label, string::npos) << "no menu has \"" << item.label << "\"";
+    typed = "admin\nadmin\n" + std::to_string(found - menus::menu_tree.begin()) + "\n";
+    typed += screen.substr(line, label - line) + "\n";
     submenu = screen + menu_prompt;
   }
 };
 
 constexpr std::size_t waits_on_the_way = 4;
-
-// What was shown in a visit that is over. What is wrong with it, besides what was found, is added to `wrong`.
-string shown_by(const Device& device, const Way& way, string found, string* wrong) {
-  const string end = way.submenu + "Bye Bye!!\n";
-  const string shown = device.transcript.substr(device.waits.at(waits_on_the_way - 1));
-  const string changed = differences(device.saved.value_or(device.settings), device.settings);
-  found += changed.empty() ? "" : "\n  changed after it was saved: " + changed;
-  found += device.open_descriptors + device.attached_segments == 0 ? "" : "\n  something is left open";
-  if (wrong != nullptr) {
-    *wrong += found;
-  } else {
-    EXPECT_EQ(found, "");
-  }
-  return shown.substr(0, shown.size() - (shown.ends_with(end) ? end.size() : 0));
-}
 
 }  // namespace
 
@@ -96,27 +72,31 @@ int run_session(Device& device, std::string_view input) {
   return run_to_exit([] { shell::run_console(menus::menu_tree); });
 }
 
-string visit_typing(Device& device, const Item& item, const string& lines, string* wrong) {
+string visit_typing(Device& device, const Item& item, const string& lines) {
   const Way way(item);
   run_session(device, way.typed + lines);
-  return shown_by(device, way, "", wrong);
+  EXPECT_EQ(differences(device.saved.value_or(device.settings), device.settings), "") << "changed after the save";
+  EXPECT_EQ(device.open_descriptors + device.attached_segments, 0) << "something is left open";
+  const string shown = device.transcript.substr(device.waits.at(waits_on_the_way - 1));
+  const string end = way.submenu + "Bye Bye!!\n";
+  return shown.substr(0, shown.size() - (shown.ends_with(end) ? end.size() : 0));
 }
 
-string visit(Device& device, const Item& item, const Answers& answers, string* wrong) {
-  const Way way(item);
-  std::size_t answered = 0;
+string visit(Device& device, const Item& item, const Answers& answers) {
+  const string submenu = Way(item).submenu;
+  auto next = answers.begin();
   device.on_wait = [&, others = device.on_wait](std::size_t wait) {
     others(wait);
     const string asked = device.transcript.substr(wait == 0 ? 0 : device.waits[wait - 1]);
-    if (wait < waits_on_the_way || wait > most_questions || asked.ends_with(way.submenu)) {
-      return;
+    // A question nobody answers rightly would be asked for ever.
+    if (wait >= waits_on_the_way && wait <= 300 && !asked.ends_with(submenu)) {
+      const bool named = next != answers.end() && asked.find(next->question) != string::npos;
+      device.input.push_back((named ? next++->typed : "") + "\n");
     }
-    const bool named = answered < answers.size() && asked.find(answers[answered].question) != string::npos;
-    device.input.push_back((named ? answers[answered++].typed : "") + "\n");
   };
-  run_session(device, way.typed);
-  const bool all_asked = answered == answers.size();
-  return shown_by(device, way, all_asked ? "" : "\n  never asked: " + answers[answered].question, wrong);
+  const string shown = visit_typing(device, item, "");
+  EXPECT_TRUE(next == answers.end()) << "never asked: " << next->question;
+  return shown;
 }
 
 string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after) {
@@ -126,9 +106,8 @@ string differences(const config::ConfigurationSegment& before, const config::Con
     for (std::size_t i = 0; i < field.count && some; ++i) {
       const auto old_bytes = config::field_bytes(field, i, before), new_bytes = config::field_bytes(field, i, after);
       if (!std::equal(old_bytes.begin(), old_bytes.end(), new_bytes.begin())) {
-        const string value = config::field_value(field, i, after);
-        found += (found.empty() ? "" : " ") + config::field_name(field, i) + "=" + value;
-        found += value == config::field_value(field, i, before) ? " (bytes behind it)" : "";
+        found += found.empty() ? "" : " ";
+        found += config::field_name(field, i) + "=" + config::field_value(field, i, after);
       }
     }
   }

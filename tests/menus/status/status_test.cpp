@@ -17,7 +17,7 @@ const string ruler = string(54, '-') + "\n", done = "Configuration successed.\n"
 void hold_page(Desk desk, const Answers& answers, const string& part, const string& end, Place row = here()) {
   const string page = visit(desk, {"Status", "Device Infomation"}, answers);
   if (page.find(part) == string::npos || !page.ends_with(end)) {
-    ADD_FAILURE_AT(row.file, row.line) << page;
+    ADD_FAILURE_AT(row.file_name(), static_cast<int>(row.line())) << page;
   }
 }
 

@@ -39,8 +39,11 @@ input() {
   until has_asked 2; do sleep 0.1; done
 }
 
+# Killed, the emulator leaves its sockets to us; told to end, socat gives the terminal back its settings.
 switch_off() {
-  kill "$machine" && wait "$machine"
+  # shellcheck disable=SC2046
+  kill $(descendants $$)
+  wait
   rm -f "$state"/{line,shell}
 } 2>/dev/null
 
@@ -67,13 +70,19 @@ switch_on() {
   done
   [ ! "$port" ] || say "Once the board is up, telnet clients reach it at 127.0.0.1 port $port."
   cd "$state" || exit
+  exec 3<&0
+  # In the background, so that we can be told to end meanwhile.
   if [ -t 0 ]; then
     say "Ctrl-] switches the board off."
-    socat -,raw,echo=0,escape=0x1d UNIX-CONNECT:line
+    socat -,raw,echo=0,escape=0x1d UNIX-CONNECT:line <&3 &
   else
     say "The board reads its input and is switched off then; Ctrl-C switches it off before."
-    input | socat - UNIX-CONNECT:line
+    socat - UNIX-CONNECT:line < <(input <&3) &
   fi
+  wait $!
+  # Powered off by the board itself, or never begun: it takes the port after the line.
+  kill -0 "$machine" 2>/dev/null || wait "$machine" ||
+    give_up "The emulator does not go on${port:+; port $port may be taken}: $(tail -n 1 "$state/board.log")"
   echo
 }
 

@@ -75,8 +75,8 @@ class Board(Desk):
         """All settings that the web server would find at a boot, now or in such bytes."""
         partition = self.state / "partition"
         partition.write_bytes(settings or self.settings())
-        return self.run(TREE / "build/arm/desk/show_settings", partition, TREE / "desk/defaults/metafile.dat.default",
-                        program="qemu-arm").stdout
+        return self.run(partition, TREE / "desk/defaults/metafile.dat.default",
+                        program=TREE / "build/release/desk/show_settings").stdout
 
     def cut_during(self, action):
         """What cuts of the power at random moments of an action would leave of the settings."""

@@ -24,6 +24,8 @@ namespace platform {
 namespace {
 
 constexpr int cannot_start = 255;
+// How posix_spawn()'s child ends when it cannot tell its parent that the program cannot be started.
+constexpr int spawn_failed = 127;
 
 // Repeats a call that a signal interrupted.
 template <typename Call>
@@ -219,7 +221,8 @@ void close_command(CommandStream stream) {
 
 int run_program(const char* path, const char* const arguments[], Terminal terminal) {
   const pid_t child = start(path, arguments, {.closes_stdio = true, .terminal = terminal});
-  return child < 0 ? cannot_start : wait_for(child);
+  const int status = child < 0 ? spawn_failed : wait_for(child);
+  return status == spawn_failed ? cannot_start : status;
 }
 
 void sync_storage() {

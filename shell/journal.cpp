@@ -52,6 +52,10 @@ void Journal::put_before(const void* next, const void* field) {
   if (place.empty() || entry.empty()) {
     return;
   }
+  const char* const ahead = entries_.data() + ahead_from_;
+  if ((place.data() < ahead) != (entry.data() < ahead)) {
+    __builtin_trap();
+  }
   if (entry.data() > place.data()) {
     swap_neighbours(place.data(), entry.data(), entry.data() + entry.size());
   } else {

@@ -18,7 +18,7 @@ class Journal {
   // What is noted from here on goes ahead of all that was noted until now.
   void note_ahead();
   // What is noted for `field` goes right before what is noted for `next`; nothing changes unless both are
-  // noted.
+  // noted. No note_ahead() may lie between them: that stops the program.
   void put_before(const void* next, const void* field);
 
   // Writes it all, and is empty again.

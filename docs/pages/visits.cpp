@@ -44,11 +44,13 @@ void play_tools(tests::Device& device) {
 string quoted(const string& text) {
   string quoted = "\"";
   for (const char c : text) {
-    char escaped[8] = {c, 0};
     if (c == '"' || c == '\\' || static_cast<unsigned char>(c) < ' ') {
+      char escaped[8];
       std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+      quoted += escaped;
+    } else {
+      quoted += c;
     }
-    quoted += escaped;
   }
   return quoted + "\"";
 }
@@ -83,11 +85,12 @@ string changes(const ConfigurationSegment& before, const ConfigurationSegment& a
 string written(const tests::Device& device) {
   string all;
   for (const void* const address : device.written) {
+    const char* const begin = reinterpret_cast<const char*>(&device.settings);
+    const auto at = static_cast<std::size_t>(static_cast<const char*>(address) - begin);
     for (const config::Field& field : config::field_table()) {
-      for (std::size_t i = 0; i < field.count; ++i) {
-        if (config::field_bytes(field, i, device.settings).data() == address) {
-          append_member(all, field, i, device.settings);
-        }
+      const std::size_t i = (at - field.offset) / field.stride;
+      if (at >= field.offset && i < field.count && at == field.offset + i * field.stride) {
+        append_member(all, field, i, device.settings);
       }
     }
   }

@@ -48,10 +48,9 @@ struct Mac {
 // ---- Texts in fixed buffers ----
 // Another program may have left a buffer without its NUL: nothing here reads or writes outside the buffer.
 
-// The characters before the first NUL, or the whole buffer when it holds none.
+// The characters before the first NUL, or the whole buffer when it holds none. Not for no buffer at all.
 inline std::string_view text_in(std::span<const char> buffer) {
-  const std::string_view whole(buffer.data(), buffer.size());
-  return whole.substr(0, whole.find('\0'));
+  return {buffer.data(), ::strnlen(buffer.data(), buffer.size())};
 }
 
 // Replaces the buffer's contents by `text`, NUL-padded to the buffer's end. A text that does not fit with its

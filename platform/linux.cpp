@@ -179,10 +179,12 @@ std::uint64_t wall_clock_milliseconds() {
 }
 
 LocalTime local_time() {
-  const std::time_t now = std::time(nullptr);
+  timespec now{};
+  // Not time(), which looks for the kernel's own as the program is loaded and brings 64 KiB into view for it.
+  clock_gettime(CLOCK_REALTIME, &now);
   std::tm broken_down{};
   tzset();  // localtime_r() reads the zone once per process
-  localtime_r(&now, &broken_down);
+  localtime_r(&now.tv_sec, &broken_down);
   return {broken_down.tm_year + 1900, broken_down.tm_mon + 1, broken_down.tm_mday,
           broken_down.tm_hour,        broken_down.tm_min,     broken_down.tm_sec};
 }

@@ -13,8 +13,15 @@ using Form = AnswerKind::Form;
 
 Value value_in(std::span<const char> bytes) {
   Value value = 0;
-  std::memcpy(&value, bytes.data(), bytes.size());
+  for (std::size_t i = bytes.size(); i-- > 0;) {
+    value = value << 8 | static_cast<std::uint8_t>(bytes[i]);
+  }
   return value;
+}
+
+// What is left of a value in so many bytes, fewer than eight.
+Value cut_to(std::size_t bytes, Value value) {
+  return value & ((Value{1} << 8 * bytes) - 1);
 }
 
 }  // namespace
@@ -52,7 +59,7 @@ Value Dialogue::ask(const Question& question, std::optional<Value> stored, const
 Value Dialogue::ask_and_note(const Question& question, Bytes field, const Option& option) {
   const Value answer = ask(question, adding_ ? std::nullopt : std::optional(value_in(field)), option);
   note(field, &answer);
-  return value_in({reinterpret_cast<const char*>(&answer), field.size()});
+  return cut_to(field.size(), answer);
 }
 
 bool Dialogue::left() {

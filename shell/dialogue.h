@@ -82,7 +82,8 @@ class Dialogue {
   // the free slot holds, and an answer is required.
   enum class Record : std::uint8_t { stored, added };
 
-  explicit Dialogue(const Policy& policy, Record record = Record::stored);
+  // Not inline: the linker would repeat it in every dialogue.
+  [[gnu::noinline]] explicit Dialogue(const Policy& policy, Record record = Record::stored);
   Dialogue(const Dialogue&) = delete;
   Dialogue& operator=(const Dialogue&) = delete;
 

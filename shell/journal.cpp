@@ -1,96 +1,61 @@
 #include "shell/journal.h"
 
-#include <algorithm>
-#include <cstring>
+#include <utility>
 
 #include "platform/platform.h"
 
 namespace shell {
-namespace {
-
-// In front of each field's bytes.
-struct Head {
-  char* field;
-  std::size_t size;
-};
-
-Head head_at(const char* entry) {
-  Head head;
-  std::memcpy(&head, entry, sizeof head);
-  return head;
-}
-
-// [first, middle) and [middle, last).
-void swap_neighbours(char* first, char* middle, char* last) {
-  std::reverse(first, middle);
-  std::reverse(middle, last);
-  std::reverse(first, last);
-}
-
-}  // namespace
 
 std::span<char> Journal::note(std::span<char> field) {
-  const Head head{field.data(), field.size()};
-  const std::span room = std::span(entries_).subspan(length_);
-  if (sizeof head + head.size > room.size()) {
+  if (count_ == entries_.size() || field.size() > bytes_.size() - used_) {
     __builtin_trap();
   }
-  std::memcpy(room.data(), &head, sizeof head);
-  length_ += sizeof head + head.size;
-  return room.subspan(sizeof head, head.size);
+  const std::span room = std::span(bytes_).subspan(used_, field.size());
+  const auto number = static_cast<Link>(count_);
+  Entry& entry = entries_[count_];
+  entry = {field.data(), static_cast<std::uint16_t>(used_), static_cast<std::uint16_t>(field.size()),
+           std::exchange(*insertion_, number)};
+  insertion_ = &entry.next;
+  ++count_;
+  used_ += field.size();
+  return room;
 }
 
 void Journal::note_ahead() {
-  char* const begin = entries_.data();
-  swap_neighbours(begin, begin + ahead_from_, begin + length_);
-  ahead_from_ = length_;
+  insertion_ = &first_;
 }
 
 void Journal::put_before(const void* next, const void* field) {
-  const std::span<char> place = entry_of(next);
-  const std::span<char> entry = entry_of(field);
-  if (place.empty() || entry.empty()) {
+  Link* const from = link_to(field);
+  if (*link_to(next) == none || *from == none) {
     return;
   }
-  const char* const ahead = entries_.data() + ahead_from_;
-  if ((place.data() < ahead) != (entry.data() < ahead)) {
-    __builtin_trap();
+  const Link moved = *from;
+  Entry& entry = entries_[moved];
+  if (insertion_ == &entry.next) {
+    insertion_ = from;
   }
-  if (entry.data() > place.data()) {
-    swap_neighbours(place.data(), entry.data(), entry.data() + entry.size());
-  } else {
-    swap_neighbours(entry.data(), entry.data() + entry.size(), place.data());
-  }
+  *from = entry.next;
+  entry.next = std::exchange(*link_to(next), moved);
 }
 
-// With its head; empty when nothing is noted for the field.
-std::span<char> Journal::entry_of(const void* field) {
-  const std::span noted = std::span(entries_).first(length_);
-  for (std::size_t at = 0; at < noted.size();) {
-    const Head head = head_at(&noted[at]);
-    const std::size_t size = sizeof head + head.size;
-    if (head.field == field) {
-      return noted.subspan(at, size);
-    }
-    at += size;
+// The link that leads to what is noted for the field; the last one of all, to none, when nothing is.
+Journal::Link* Journal::link_to(const void* field) {
+  Link* link = &first_;
+  while (*link != none && entries_[*link].field != field) {
+    link = &entries_[*link].next;
   }
-  return {};
+  return link;
 }
 
 void Journal::commit() {
-  const std::span noted = std::span(entries_).first(length_);
-  write(noted.subspan(ahead_from_));
-  write(noted.first(ahead_from_));
-  length_ = ahead_from_ = 0;
-}
-
-void Journal::write(std::span<const char> entries) {
-  while (!entries.empty()) {
-    const Head head = head_at(entries.data());
-    entries = entries.subspan(sizeof head);
-    platform::write_shared(head.field, entries.first(head.size));
-    entries = entries.subspan(head.size);
+  for (Link at = first_; at != none; at = entries_[at].next) {
+    const Entry& entry = entries_[at];
+    platform::write_shared(entry.field, {&bytes_[entry.bytes_at], entry.size});
   }
+  first_ = none;
+  insertion_ = &first_;
+  count_ = used_ = 0;
 }
 
 }  // namespace shell

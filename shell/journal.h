@@ -4,12 +4,17 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 namespace shell {
 
 class Journal {
  public:
+  Journal() = default;
+  Journal(const Journal&) = delete;
+  Journal& operator=(const Journal&) = delete;
+
   // Room for what is going to be written into a field of the record, for the caller to fill in.
   std::span<char> note(std::span<char> field);
 
@@ -18,21 +23,33 @@ class Journal {
   // What is noted from here on goes ahead of all that was noted until now.
   void note_ahead();
   // What is noted for `field` goes right before what is noted for `next`; nothing changes unless both are
-  // noted. No note_ahead() may lie between them: that stops the program.
+  // noted.
   void put_before(const void* next, const void* field);
 
   // Writes it all, and is empty again.
   void commit();
 
  private:
-  static void write(std::span<const char> entries);
-  std::span<char> entry_of(const void* field);
+  // Which entry comes next: its number, or `none`.
+  using Link = std::uint8_t;
+  static constexpr Link none = UINT8_MAX;
+  struct Entry {
+    char* field;
+    std::uint16_t bytes_at;
+    std::uint16_t size;
+    Link next;
+  };
 
-  std::size_t length_ = 0;
-  std::size_t ahead_from_ = 0;  // where the entries begin that go ahead of the others
-  // One entry per field: its address, its size, its bytes. Room for the longest dialogue, the two SIP lines
-  // with their servers; a dialogue that outgrows it stops the program the first time it is run to its end.
-  std::array<char, 3072> entries_;
+  Link* link_to(const void* field);
+
+  // Room for the longest dialogue, the two SIP lines with their servers; one that outgrows it stops the
+  // program the first time it is run to its end.
+  std::array<Entry, 64> entries_;
+  std::array<char, 2048> bytes_;
+  Link first_ = none;
+  Link* insertion_ = &first_;  // the link that the next entry comes behind
+  std::size_t count_ = 0;
+  std::size_t used_ = 0;  // of bytes_
 };
 
 }  // namespace shell

@@ -20,16 +20,13 @@ std::array<char, 4096> arrived;
 std::size_t arrived_at = 0;
 std::size_t arrived_end = 0;
 
-char next_character() {
-  if (arrived_at == arrived_end) {
-    flush_output();
-    arrived_at = 0;
-    arrived_end = output_is_lost() ? 0 : platform::read_input(arrived);
-    if (arrived_end == 0) {
-      end_console();
-    }
+void wait_for_more() {
+  flush_output();
+  arrived_at = 0;
+  arrived_end = output_is_lost() ? 0 : platform::read_input(arrived);
+  if (arrived_end == 0) {
+    end_console();
   }
-  return arrived[arrived_at++];
 }
 
 }  // namespace
@@ -38,19 +35,30 @@ std::size_t read_line() {
   if (output_is_lost()) {
     end_console();  // what was typed ahead answers questions that nobody sees
   }
-  std::fill_n(line.begin(), length + 1, '\0');  // the rest of it is NUL already
   length = 0;
-  char character = '\0';
-  while (length < input_line_size && (character = next_character()) != '\n') {
-    if (character != '\b') {
-      line[length++] = character;
-    } else {
-      line[length] = '\0';
-      length -= length > 0 ? 1 : 0;
+  while (length < input_line_size) {
+    if (arrived_at == arrived_end) {
+      wait_for_more();
     }
-  }
-  if (character == '\n') {
-    line[length] = '\n';
+    const char* const from = &arrived[arrived_at];
+    char* const to = &line[length];
+    const std::size_t most = std::min(arrived_end - arrived_at, input_line_size - length);
+    std::size_t taken = 0;
+    while (taken < most && from[taken] != '\n' && from[taken] != '\b') {
+      to[taken] = from[taken];
+      ++taken;
+    }
+    arrived_at += taken;
+    length += taken;
+    if (taken == most) {
+      continue;
+    }
+    ++arrived_at;
+    if (from[taken] == '\n') {
+      line[length] = '\n';
+      break;
+    }
+    length -= length > 0 ? 1 : 0;
   }
   return length;
 }

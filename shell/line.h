@@ -18,8 +18,7 @@ std::size_t read_line();
 // The line as a number or an address is read from it: the characters, typed NULs among them, and the newline.
 // Valid until the next read_line().
 std::string_view line_text();
-// The same bytes to work in, NULs behind them; the last one is always NUL. Write no further than the newline:
-// the next read_line() relies on the NULs behind it.
+// The same bytes to work in, with what earlier lines left behind them; the last one is always NUL.
 std::span<char> line_buffer();
 // The line as a text: the characters up to the newline or the first NUL.
 std::string_view typed_text();

@@ -1,8 +1,6 @@
 #include "shell/output.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
 
 #include "platform/platform.h"
 
@@ -26,6 +24,44 @@ void filled_to(const char* end) {
   filled = static_cast<std::size_t>(end - buffer.data());
 }
 
+// These write where there is room, and return the end.
+
+constexpr std::size_t longest_number = 12;
+
+// Twice as fast as std::to_chars, whose digits would have to be moved into their columns.
+char* write(char* at, Number number) {
+  const bool is_negative = number.value < 0;
+  auto rest = static_cast<std::uint32_t>(number.value);
+  rest = is_negative ? 0 - rest : rest;
+  std::size_t size = is_negative ? 2 : 1;
+  for (std::uint64_t power = 10; power <= rest; power *= 10) {
+    ++size;
+  }
+  char* const end = at + std::max<std::size_t>(size, number.width);
+  char* to = end;
+  do {
+    *--to = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  } while (rest != 0);
+  if (is_negative) {
+    *--to = '-';
+  }
+  while (to != at) {
+    *--to = number.fill;
+  }
+  return end;
+}
+
+constexpr std::size_t longest_address = 4 * (longest_number + 1);
+
+char* write(char* at, config::Ipv4 address, std::uint8_t columns) {
+  for (const std::uint8_t octet : address.octet) {
+    at = write(at, Number(octet, columns));
+    *at++ = '.';
+  }
+  return at - 1;
+}
+
 }  // namespace
 
 void flush_output() {
@@ -36,16 +72,15 @@ void flush_output() {
 }
 
 void put(std::string_view text) {
-  for (;;) {
-    const std::size_t taken = std::min(text.size(), buffer.size() - filled);
-    std::copy_n(text.begin(), taken, buffer.begin() + filled);
-    filled += taken;
-    if (taken == text.size()) {
-      return;
-    }
+  while (text.size() > buffer.size() - filled) {
+    const std::size_t taken = buffer.size() - filled;
+    std::copy_n(text.data(), taken, buffer.data() + filled);
+    filled = buffer.size();
     text.remove_prefix(taken);
     flush_output();
   }
+  std::copy_n(text.data(), text.size(), buffer.data() + filled);
+  filled += text.size();
 }
 
 void put(const char* text) {
@@ -58,28 +93,17 @@ void put(char character) {
 }
 
 void put(Number number) {
-  constexpr std::size_t longest = 12;
-  char* const at = room_for(longest);
-  char* const end = std::to_chars(at, at + longest, number.value).ptr;
-  const std::ptrdiff_t blanks = std::max<std::ptrdiff_t>(number.width - (end - at), 0);
-  std::copy_backward(at, end, end + blanks);
-  std::fill_n(at, blanks, number.fill);
-  filled_to(end + blanks);
+  filled_to(write(room_for(longest_number), number));
 }
 
 void put(const Cell& cell) {
   const std::string_view text = cell.text.substr(0, cell.width);
-  put(text);
-  const std::size_t blanks = cell.width - text.size();
-  filled_to(std::fill_n(room_for(blanks), blanks, ' '));
+  char* const end = std::copy_n(text.data(), text.size(), room_for(cell.width));
+  filled_to(std::fill_n(end, cell.width - text.size(), ' '));
 }
 
 void put_columns(config::Ipv4 address, std::uint8_t columns) {
-  for (const std::uint8_t octet : address.octet) {
-    put(Number(octet, columns));
-    put('.');
-  }
-  --filled;
+  filled_to(write(room_for(longest_address), address, columns));
 }
 
 void put(config::Ipv4 address) {

@@ -11,6 +11,10 @@ bool is_digit(char c) {
   return c >= '0' && c <= '9';
 }
 
+bool is_space(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 }  // namespace
 
 bool is_all_digits(std::string_view text) {
@@ -23,8 +27,9 @@ bool is_all_digits(std::string_view text) {
 }
 
 std::optional<std::uint32_t> decimal_value(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
-  text.remove_prefix(std::min(start, text.size()));
+  while (!text.empty() && is_space(text.front())) {
+    text.remove_prefix(1);
+  }
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) {
     text.remove_prefix(1);

@@ -32,24 +32,23 @@ void put_value(Shows shows, Value value, std::string_view text) {
 }  // namespace
 
 void PromptText::show(std::uint32_t number, Value value, std::string_view text) const {
-  const auto [number_at, value_at] = take_apart(literal_, shows_);
-  const std::string_view prompt = literal_;
-  std::size_t shown = 0;
-  if (number_at != std::string_view::npos) {
-    put(prompt.substr(0, number_at));
+  const PromptParts parts = take_apart(literal_, shows_);
+  const char* shown = literal_;
+  if (parts.number != nullptr) {
+    put(std::string_view(shown, parts.number));
     put(Number(number));
-    shown = number_at + conversion_of(Shows::number).size();
+    shown = parts.number + conversion_of(Shows::number).size();
   }
-  if (value_at != std::string_view::npos) {
-    put(prompt.substr(shown, value_at - shown));
+  if (parts.value != nullptr) {
+    put(std::string_view(shown, parts.value));
     put_value(shows_, value, text);
-    shown = value_at + conversion_of(shows_).size();
+    shown = parts.value + conversion_of(shows_).size();
   }
-  put(prompt.substr(shown));
+  put(shown);
 }
 
 bool PromptText::shows_value() const {
-  return take_apart(literal_, shows_).value_at != std::string_view::npos;
+  return take_apart(literal_, shows_).value != nullptr;
 }
 
 }  // namespace shell

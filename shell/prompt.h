@@ -7,7 +7,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 #include "shell/answer.h"
 
@@ -19,12 +21,6 @@ enum class Shows : std::uint8_t {
   address,
   mac,
   text,  // or nothing: some texts are asked for without being shown
-};
-
-// Where in a prompt its conversions are; npos for one that it does not have.
-struct PromptParts {
-  std::size_t number_at;
-  std::size_t value_at;
 };
 
 constexpr std::string_view conversion_of(Shows shows) {
@@ -43,17 +39,41 @@ constexpr std::string_view conversion_of(Shows shows) {
   return {};
 }
 
-// Of a prompt that fits its type.
-constexpr PromptParts take_apart(std::string_view prompt, Shows shows) {
-  constexpr auto absent = std::string_view::npos;
-  const std::size_t first = prompt.find('%');
-  const std::size_t second = first == absent ? absent : prompt.find('%', first + 1);
-  const bool leads_with_number = first != absent && prompt[first + 1] == 'd';
-  // A number alone is the prompt's own where no number is shown.
-  if (leads_with_number && (second != absent || shows != Shows::number)) {
-    return {first, second};
+// The next conversion in a prompt, or its end.
+constexpr const char* conversion_in(const char* prompt) {
+  if (!std::is_constant_evaluated()) {
+    return ::strchrnul(prompt, '%');
   }
-  return {absent, first};
+  while (*prompt != '\0' && *prompt != '%') {
+    ++prompt;
+  }
+  return prompt;
+}
+
+// Where a prompt has a number of its own, and where the value that it shows; nullptr for one that it does not
+// have.
+struct PromptParts {
+  const char* number;
+  const char* value;
+};
+
+// Of a prompt that fits its type.
+constexpr PromptParts take_apart(const char* prompt, Shows shows) {
+  const char* const first = conversion_in(prompt);
+  if (*first == '\0') {
+    return {nullptr, nullptr};
+  }
+  if (first[1] == 'd') {
+    // A number alone is the prompt's own where no number is shown.
+    const char* const second = conversion_in(first + 1);
+    if (*second != '\0') {
+      return {first, second};
+    }
+    if (shows != Shows::number) {
+      return {first, nullptr};
+    }
+  }
+  return {nullptr, first};
 }
 
 // A prompt that the compiler has taken apart.
@@ -93,16 +113,15 @@ void prompt_does_not_show_what_its_type_says();
 
 template <Shows shows>
 consteval Prompt<shows>::Prompt(const char* literal) : literal_(literal) {
-  const std::string_view prompt = literal;
-  const auto [number_at, value_at] = take_apart(prompt, shows);
-  std::size_t end = number_at == std::string_view::npos ? 0 : number_at + 2;
+  const auto [number, value] = take_apart(literal, shows);
+  const char* rest = number == nullptr ? literal : number + conversion_of(Shows::number).size();
   bool fits = shows == Shows::nothing || shows == Shows::text;
-  if (value_at != std::string_view::npos) {
+  if (value != nullptr) {
     const std::string_view conversion = conversion_of(shows);
-    fits = shows != Shows::nothing && prompt.substr(value_at).starts_with(conversion);
-    end = value_at + conversion.size();
+    fits = shows != Shows::nothing && std::string_view(value).starts_with(conversion);
+    rest = value + conversion.size();
   }
-  if (!fits || prompt.find('%', end) != std::string_view::npos) {
+  if (!fits || *conversion_in(rest) != '\0') {
     prompt_does_not_show_what_its_type_says();
   }
 }

@@ -1,7 +1,7 @@
 // The voice daemon's log of past calls.
 #include <array>
-#include <cstdio>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 #include "config/values.h"
@@ -15,7 +15,6 @@ namespace {
 
 // What does not fit a cell is cut.
 struct CallRecord {
-  config::Text<4> sequence;  // from 1; empty in an empty record, which ends the list
   config::Text<5> call_type;
   config::Text<17> phone_number;
   std::array<config::Text<21>, 3> times;  // of the call, of the answer, of the end
@@ -24,11 +23,10 @@ struct CallRecord {
   config::Text<4> phone;  // the telephone port, from 0
 };
 
-// As the daemon sends them: all but the sequence.
+// As the daemon sends them.
 constexpr int fields_of_record = 8;
 
 std::array<CallRecord, 100> call_records;
-static_assert(call_records.size() < 1000, "the sequence has three digits");
 
 // One behind the other, each behind its code and a blank.
 constexpr char reasons[] =
@@ -91,28 +89,32 @@ const char* call_type_text(const CallRecord& record) {
 
 // YYYYMMDDhhmmss as YYYY/MM/DD hh:mm:ss, judged by its length alone; any other text as it is.
 void format_cdr_time(const char* text, config::Text<21>& cell) {
-  cell.assign(text);
-  if (std::strlen(text) == 14) {
-    std::snprintf(cell.bytes.data(), cell.bytes.size(), "%.4s/%.2s/%.2s %.2s:%.2s:%.2s", text, text + 4,
-                  text + 6, text + 8, text + 10, text + 12);
+  std::string_view shown = text;
+  char time[] = "0000/00/00 00:00:00";
+  if (shown.size() == 14) {
+    for (char& character : time) {
+      character = character == '0' ? *text++ : character;
+    }
+    shown = time;
   }
+  cell.assign(shown);
 }
 
-void receive_call_log(int daemon) {
+// Whatever ends it, the records before it are there to be shown. Returns how many.
+std::size_t receive_call_log(int daemon) {
   std::array<char, voice_daemon_buffer_size> reply;
   if (voice_daemon_send(daemon, "get calllog\n\n") < 0 || voice_daemon_receive(daemon, reply) < 0) {
-    return;
+    return 0;
   }
   const int announced = field_number(reply.data());
-  int sequence = 0;
+  std::size_t received = 0;
   for (CallRecord& record : call_records) {
     // One field more than a record has, to notice a record with too many.
     std::array<const char*, fields_of_record + 1> fields;
-    if (++sequence > announced || voice_daemon_receive(daemon, reply) < 0 ||
+    if (static_cast<int>(received) >= announced || voice_daemon_receive(daemon, reply) < 0 ||
         split_fields(reply.data(), "|", fields) != fields_of_record) {
-      return;
+      break;
     }
-    std::snprintf(record.sequence.bytes.data(), record.sequence.bytes.size(), "%d", sequence);
     record.call_type.assign(fields[0]);
     record.phone_number.assign(fields[1]);
     for (std::size_t i = 0; i < record.times.size(); ++i) {
@@ -121,17 +123,19 @@ void receive_call_log(int daemon) {
     record.reason.assign(fields[5]);
     record.duration.assign(fields[6]);
     record.phone.assign(fields[7]);
+    ++received;
   }
+  return received;
 }
 
-// Whatever ends the fetch, the records before it are there to be shown.
-void fetch_call_log() {
-  call_records.fill({});
+std::span<const CallRecord> fetch_call_log() {
   const int daemon = voice_daemon_open(voice_daemon_address, voice_daemon_port);
-  if (daemon >= 0) {
-    receive_call_log(daemon);
-    platform::close_socket(daemon);
+  if (daemon < 0) {
+    return {};
   }
+  const std::size_t received = receive_call_log(daemon);
+  platform::close_socket(daemon);
+  return std::span(call_records).first(received);
 }
 
 void show_call(const CallRecord& record) {
@@ -157,12 +161,9 @@ void show_call(const CallRecord& record) {
 
 void call_detail_records() {
   shell::flush_output();
-  fetch_call_log();
+  const std::span<const CallRecord> calls = fetch_call_log();
   shell::put("\n");
-  for (const CallRecord& record : call_records) {
-    if (field_number(record.sequence.bytes.data()) == 0) {
-      break;
-    }
+  for (const CallRecord& record : calls) {
     show_call(record);
   }
 }

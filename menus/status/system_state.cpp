@@ -34,7 +34,7 @@ std::string_view behind(std::string_view text, std::string_view marker, std::siz
 }
 
 void show_value(const char* label, const char* name, std::string_view value) {
-  shell::put(label, name, config::text_in(value), '\n');
+  shell::put(label, name, up_to(value, '\0'), '\n');
 }
 
 shell::CommandOutput ifconfig(const char* interface) {

@@ -68,23 +68,23 @@ int voice_daemon_send(int descriptor, std::string_view text) {
 
 int voice_daemon_receive(int descriptor, std::span<char> buffer) {
   const std::uint64_t start = platform::wall_clock_milliseconds();
-  // A clock that is set back meanwhile counts as out of time as well: the unsigned difference is huge then.
-  for (std::uint64_t waited = 0; waited < patience_milliseconds;
-       waited = platform::wall_clock_milliseconds() - start) {
-    const int ready = platform::wait_readable(descriptor, static_cast<int>(patience_milliseconds - waited));
-    if (ready < 0) {
-      return -3;
-    }
-    if (ready == 0) {
-      return -4;
-    }
+  for (;;) {
+    // First without a wait: the records of a call log arrive faster than they are read.
     const std::ptrdiff_t got = platform::receive_datagram(descriptor, buffer.first(buffer.size() - 1));
     if (got >= 0) {
       buffer[static_cast<std::size_t>(got)] = '\0';
       return static_cast<int>(got);
     }
+    // A clock that is set back meanwhile counts as out of time as well: the unsigned difference is huge then.
+    const std::uint64_t waited = platform::wall_clock_milliseconds() - start;
+    if (waited >= patience_milliseconds) {
+      return -1;
+    }
+    const int ready = platform::wait_readable(descriptor, static_cast<int>(patience_milliseconds - waited));
+    if (ready <= 0) {
+      return ready < 0 ? -3 : -4;
+    }
   }
-  return -1;
 }
 
 int split_fields(char* text, const char* separators, std::span<const char*> fields) {

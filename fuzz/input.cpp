@@ -53,7 +53,7 @@ void fill(Image& image, const Field& field, std::size_t index, std::size_t style
 
 const Image& image(std::size_t style) {
   static const auto images = [] {
-    auto all = std::vector<Image>(image_count, tests::Desk().settings);
+    auto all = std::vector<Image>(image_count, tests::FactoryDevice().settings);
     for (const Field& field : config::field_table()) {
       for (std::size_t number = 0; number < image_count; ++number) {
         for (std::size_t i = 0; i < field.count; ++i) {

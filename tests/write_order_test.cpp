@@ -9,14 +9,14 @@ namespace {
 
 // The names of the fields that a visit writes, of a table's first record, a blank behind each.
 std::string written_by(const std::string& item, const Answers& answers) {
-  Desk desk;
-  desk.set("lan_ip", "192.168.0.1").set("lan_netmask", "255.255.255.0").set("wan_mac_type", "1");
-  desk.set("dhcp_start_ip", "192.168.0.100").set("dhcp_end_ip", "192.168.0.200").set("dhcp_lease_time", "3600");
-  visit(desk, {"Basic Network Setting", item}, answers);
+  FactoryDevice device;
+  device.set("lan_ip", "192.168.0.1").set("lan_netmask", "255.255.255.0").set("wan_mac_type", "1");
+  device.set("dhcp_start_ip", "192.168.0.100").set("dhcp_end_ip", "192.168.0.200").set("dhcp_lease_time", "3600");
+  visit(device, {"Basic Network Setting", item}, answers);
   std::string names;
-  for (const void* const address : desk.written) {
+  for (const void* const address : device.written) {
     for (const config::Field& field : config::field_table()) {
-      const bool is_it = config::field_bytes(field, 0, desk.settings).data() == address;
+      const bool is_it = config::field_bytes(field, 0, device.settings).data() == address;
       names += is_it ? config::field_name(field, 0) + " " : "";
     }
   }

@@ -169,6 +169,5 @@ def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(des
     subprocess.run(["cc", "-Os", "-s", *hardened, "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING,
                    text=True, check=True)
     peak, own = memory(desk, "/usr/sbin/waits")
-    # All addresses of the C library are bound at the start, which brings its symbol tables into view.
-    assert memory(desk, "/usr/sbin/console")[0] <= 1.45 * peak
+    assert memory(desk, "/usr/sbin/console")[0] <= 1.15 * peak
     assert memory(desk, "/usr/sbin/console", walks=True)[1] <= own + 48

@@ -20,10 +20,10 @@ const string main_menu =
 const string tools_menu(menus::menu_tree[4]->screen());
 
 // What is shown behind the login until the connection is closed, or the console ends.
-string shown(Desk& desk, const string& typed) {
-  EXPECT_EQ(run_session(desk, "admin\nadmin\n" + typed), 1);
+string shown(FactoryDevice& device, const string& typed) {
+  EXPECT_EQ(run_session(device, "admin\nadmin\n" + typed), 1);
   const string login = "Username:Password:" + main_menu + menu_prompt;
-  return desk.transcript.starts_with(login) ? desk.transcript.substr(login.size()) : "not in: " + desk.transcript;
+  return device.transcript.starts_with(login) ? device.transcript.substr(login.size()) : "not in: " + device.transcript;
 }
 
 // ---- Menus ----
@@ -31,8 +31,8 @@ string shown(Desk& desk, const string& typed) {
 // Each of the lines, typed at the main menu or behind `way_in`, which shows `screen`.
 void each(const Strings& lines, const string& answer, const string& way_in = "", const string& screen = "") {
   for (const string& line : lines) {
-    Desk desk;
-    EXPECT_EQ(shown(desk, way_in + line + "\n"), screen + answer + menu_prompt + goodbye) << way_in << line;
+    FactoryDevice device;
+    EXPECT_EQ(shown(device, way_in + line + "\n"), screen + answer + menu_prompt + goodbye) << way_in << line;
   }
 }
 
@@ -49,20 +49,20 @@ TEST(Menus, ObeyEveryLine) {
   at_either_level(tools_menu, "4\n", screen);
   each({"q", "90"}, main_menu, "4\n", screen);
   each({"0", "01", "5", "10"}, tools_menu, "4\n", screen);  // nothing is behind these numbers
-  Desk typed_90;
+  FactoryDevice typed_90;
   EXPECT_EQ(shown(typed_90, "90\nx\n"), goodbye);
 }
 
 TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {
   const string ended = "\nConnection Time Out!! Please Re-Login!!\n" + goodbye;
   for (const std::uint32_t waited : {299U, 300U}) {
-    Desk desk;
-    desk.on_wait = [&](std::size_t wait) { desk.clock += wait == 2 ? waited : 0; };
-    EXPECT_EQ(shown(desk, "\nq\n"), waited == 299 ? menu_prompt + goodbye : ended);
-    EXPECT_EQ(desk.login.expiry_time, waited == 299 ? desk.clock + 300 : 1'000'300);
-    EXPECT_EQ(desk.login.holder_tag, -9);
+    FactoryDevice device;
+    device.on_wait = [&](std::size_t wait) { device.clock += wait == 2 ? waited : 0; };
+    EXPECT_EQ(shown(device, "\nq\n"), waited == 299 ? menu_prompt + goodbye : ended);
+    EXPECT_EQ(device.login.expiry_time, waited == 299 ? device.clock + 300 : 1'000'300);
+    EXPECT_EQ(device.login.holder_tag, -9);
   }
-  Desk taken;
+  FactoryDevice taken;
   taken.on_wait = [&](std::size_t wait) {
     config::Ipv4& holder = taken.login.holder_address;
     holder = wait == 2 ? config::Ipv4{{127, 0, 0, 7}} : holder;
@@ -82,11 +82,11 @@ TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
        {Login{"admin", "adminx", false}, Login{"admin", "Admin", false}, Login{"", "", true}, Login{"q", "q", true},
         Login{n31, string(30, 'n'), false}, Login{n31 + "x", n31 + "y", true}}) {
     for (const bool name : {true, false}) {
-      Desk desk;
-      desk.set(name ? "admin_user_name" : "admin_password", stored);
-      run_session(desk, name ? typed + "\nadmin\n" : "admin\n" + typed + "\n");
+      FactoryDevice device;
+      device.set(name ? "admin_user_name" : "admin_password", stored);
+      run_session(device, name ? typed + "\nadmin\n" : "admin\n" + typed + "\n");
       const string result = matches ? main_menu + menu_prompt : "Username or Password Error\n";
-      EXPECT_EQ(desk.transcript, "Username:Password:" + result + goodbye) << stored << " " << typed;
+      EXPECT_EQ(device.transcript, "Username:Password:" + result + goodbye) << stored << " " << typed;
     }
   }
 }
@@ -99,13 +99,13 @@ TEST(Login, IsGuardedBeforeItAndAfterThePassword) {
   given_back.holder_address = {};
   for (const config::LoginRecord* const login : {&taken, &expired, &endless, &given_back}) {
     for (const bool before : {true, false}) {  // it is so before the console is started, or from the password on
-      Desk desk;
-      desk.login = before ? *login : desk.login;
-      desk.on_wait = [&](std::size_t wait) { desk.login = wait == 1 && !before ? *login : desk.login; };
-      run_session(desk, "admin\nadmin\n");
+      FactoryDevice device;
+      device.login = before ? *login : device.login;
+      device.on_wait = [&](std::size_t wait) { device.login = wait == 1 && !before ? *login : device.login; };
+      run_session(device, "admin\nadmin\n");
       const string refused = (before ? "" : "Username:Password:") + "Duplex Login with 7.9.8.9\n"s;
-      EXPECT_EQ(desk.transcript == refused, login == &taken) << desk.transcript;
-      EXPECT_EQ(desk.login.holder_address.is_zero(), login != &taken);
+      EXPECT_EQ(device.transcript == refused, login == &taken) << device.transcript;
+      EXPECT_EQ(device.login.holder_address.is_zero(), login != &taken);
     }
   }
 }
@@ -117,15 +117,15 @@ TEST(Session, EndsBeforeAnyPromptWithoutItsSegments) {
                                          {"attach 1234 memory", "1{cfgid: Invalid argument}"},
                                          {"attach 5678", "0{cfgid: Permission denied}"},
                                          {"attach 5678 memory", "0"}}) {
-    Desk desk;
-    desk.failing = {call};
-    EXPECT_EQ(std::to_string(run_session(desk, "admin\nadmin\nq\n")) + desk.transcript, end) << call;
+    FactoryDevice device;
+    device.failing = {call};
+    EXPECT_EQ(std::to_string(run_session(device, "admin\nadmin\nq\n")) + device.transcript, end) << call;
   }
 }
 
 TEST(Session, ReadsNoMoreWhenItsOutputIsLost) {
   const string port = "2\n0\n5070" + string(14, '\n'), upnp = "q\n2\n2\n0\n1\n";
-  Desk typed, pasted;
+  FactoryDevice typed, pasted;
   const auto loses_output = [](std::size_t wait) { device().failing.insert(wait == 2 ? "output" : ""); };
   typed.on_wait = pasted.on_wait = loses_output;
   run_session(typed, "admin\nadmin\n" + port + upnp);
@@ -134,20 +134,20 @@ TEST(Session, ReadsNoMoreWhenItsOutputIsLost) {
   pasted.input = {"admin\n", "admin\n", port + upnp};
   run_session(pasted, "");
   EXPECT_EQ(pasted.waits.size(), 3U);
-  EXPECT_EQ(differences(Desk().settings, pasted.settings), "sip_port=5070");
+  EXPECT_EQ(differences(FactoryDevice().settings, pasted.settings), "sip_port=5070");
 }
 
 TEST(Session, ReadsLinesWithBackspacesAndAnyLength) {
   const auto stores = [](const string& typed, const string& server) {
     return Visit({{"STUN Server", typed}}, save_and_tell_daemon, server);
   };
-  hold({"SIP setting", "NAT Traversal"}, Desk().set("stun_enable", "1").set("stun_server", "old"),
+  hold({"SIP setting", "NAT Traversal"}, FactoryDevice().set("stun_enable", "1").set("stun_server", "old"),
        {stores("a %s%n", "stun_server=a\\x20%s%n"), stores("\b\bac", "stun_server=ac"), stores("a\b\b", ""),
         stores("abc\b\bx", "stun_server=ax"), stores("\xff\tb\r", "stun_server=\\xff\\x09b\\x0d"),
         stores("a\0b"s, "stun_server=a")});
-  Desk desk;  // 1,500 characters are two lines of 512 and one of 476
+  FactoryDevice device;  // 1,500 characters are two lines of 512 and one of 476
   const string refused = unknown + menu_prompt;
-  EXPECT_EQ(shown(desk, string(1500, 'x') + "\nq\n"), refused + refused + refused + goodbye);
+  EXPECT_EQ(shown(device, string(1500, 'x') + "\nq\n"), refused + refused + refused + goodbye);
 }
 
 }  // namespace

@@ -90,8 +90,8 @@ string name_of(const Question& question) {
   return config::field_name(*question.field->field, question.field->index);
 }
 
-std::span<std::uint8_t> bytes_of(const Question& question, Desk& desk) {
-  return config::field_bytes(*question.field->field, question.field->index, desk.settings);
+std::span<std::uint8_t> bytes_of(const Question& question, FactoryDevice& device) {
+  return config::field_bytes(*question.field->field, question.field->index, device.settings);
 }
 
 bool is_text(const Question& question) {
@@ -148,7 +148,7 @@ class Holding {
   }
 
   void hold() {
-    const Desk stored = desk_of(dialogue_);
+    const FactoryDevice stored = device_of(dialogue_);
     answer_all(stored);
     refuse_all(stored);
     for (const std::uint8_t byte : std::array<std::uint8_t, 2>{0xFF, 2}) {
@@ -167,21 +167,21 @@ class Holding {
   bool asks_again() const { return dialogue_.refusals == Refusals::ask_again; }
 
   // Texts of bytes 2 have a line feed among them.
-  Desk wild(Desk desk, std::uint8_t byte) const {
+  FactoryDevice wild(FactoryDevice device, std::uint8_t byte) const {
     for (const Question& question : dialogue_.questions) {
       if (question.field && !question.departs.tame && question.departs.only.typed.empty()) {
-        std::ranges::fill(bytes_of(question, desk), byte);
+        std::ranges::fill(bytes_of(question, device), byte);
         if (is_text(question) && byte == 2) {
-          bytes_of(question, desk)[1] = '\n';
+          bytes_of(question, device)[1] = '\n';
         }
       }
     }
-    return desk;
+    return device;
   }
 
   // Every question with Enter where it is taken, or else its first answer; then with its first answer, its
   // second, and so on, or its last.
-  void answer_all(const Desk& desk) {
+  void answer_all(const FactoryDevice& device) {
     std::size_t most = 0;
     for (std::size_t number = 0; number <= most; ++number) {
       Given given;
@@ -191,19 +191,19 @@ class Holding {
         given.push_back(enter ? nullptr : &accepted[std::clamp<std::size_t>(number, 1, accepted.size()) - 1]);
         most = std::max(most, accepted.size());
       }
-      visit(desk, given);
+      visit(device, given);
     }
   }
 
   // Each refusal, where the questions before have their first answers.
-  void refuse_all(const Desk& desk) {
+  void refuse_all(const FactoryDevice& device) {
     Given given;
     for (const Question& question : dialogue_.questions) {
       for (const string& refused : question.kind.refused) {
-        visit(desk, given, refused);
+        visit(device, given, refused);
       }
       for (const string& value : question.departs.refused_when_kept) {
-        visit(Desk(desk).set(name_of(question), value), given, "");
+        visit(FactoryDevice(device).set(name_of(question), value), given, "");
       }
       given.push_back(&question.kind.accepted.front());
     }
@@ -211,11 +211,11 @@ class Holding {
 
   // Gives these answers, and a refused one to the question behind them if there is one. No more in a test that
   // has failed.
-  void visit(const Desk& desk, const Given& given, const string& refused = "") {
+  void visit(const FactoryDevice& device, const Given& given, const string& refused = "") {
     if (testing::Test::HasFailure()) {
       return;
     }
-    Desk expected = desk, visited = desk;
+    FactoryDevice expected = device, visited = device;
     typed_ = dialogue_.way_in;
     shown_ = replaced(dialogue_.opening, listed, list_);
     for (std::size_t row = 0; row < given.size(); ++row) {
@@ -226,7 +226,7 @@ class Holding {
     const std::size_t refusal = shown_.size();
     if (refuses) {
       refuse(dialogue_.questions[given.size()], refused, expected);
-      expected = desk;  // nothing is to change
+      expected = device;  // nothing is to change
     } else {
       dialogue_.completed(expected.settings);
       shown_ += replaced(dialogue_.ending, listed, list_);
@@ -250,7 +250,7 @@ class Holding {
 
   // What the question shows, of a new record zeros. A text that it shows is cut at its line feed, unless it is
   // stored with one.
-  string ask(const Question& question, Desk& expected) const {
+  string ask(const Question& question, FactoryDevice& expected) const {
     static const config::ConfigurationSegment zeros{};
     string value = shown_value(question, dialogue_.adding ? zeros : expected.settings);
     const std::size_t line_feed = value.find('\n');
@@ -261,7 +261,7 @@ class Holding {
     return replaced(with_value(question.prompt, value), listed, list_);
   }
 
-  void answer(const Question& question, const Accepted* given, Desk& expected) {
+  void answer(const Question& question, const Accepted* given, FactoryDevice& expected) {
     const Departures& departs = question.departs;
     std::optional<string> stores = dialogue_.adding ? departs.enter_stores : std::nullopt;
     if (given != nullptr && given->stored == reported) {
@@ -280,7 +280,7 @@ class Holding {
     shown_ += asks_again() && departs.shown_behind.empty() ? "\n" : "";
   }
 
-  void refuse(const Question& question, const string& typed, Desk& expected) {
+  void refuse(const Question& question, const string& typed, FactoryDevice& expected) {
     const bool is_choice = question.kind.is_choice && dialogue_.refusals == Refusals::by_kind;
     const string message = is_choice ? wrong_choice : illegal_value, own = question.departs.refusal;
     const string asked = ask(question, expected);
@@ -294,26 +294,26 @@ class Holding {
 
 }  // namespace
 
-Desk desk_of(const Dialogue& dialogue) {
-  Desk desk = dialogue.desk;
+FactoryDevice device_of(const Dialogue& dialogue) {
+  FactoryDevice device = dialogue.device;
   for (const Question& question : dialogue.questions) {
     const bool is_of_a_slot = dialogue.adding && question.field && !question.field->field->table.empty();
     if (is_of_a_slot && !question.departs.marks_free) {
-      std::ranges::fill(bytes_of(question, desk), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
+      std::ranges::fill(bytes_of(question, device), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
     } else if (question.field && !is_of_a_slot) {
-      desk.set(name_of(question), question.stored);
+      device.set(name_of(question), question.stored);
     }
   }
-  return desk;
+  return device;
 }
 
 void hold(const Dialogue& dialogue) {
   Holding(dialogue).hold();
 }
 
-void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits) {
+void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit>& visits) {
   for (const Visit& told : visits) {
-    Desk visited = desk, expected = desk;
+    FactoryDevice visited = device, expected = device;
     const testing::ScopedTrace trace(told.place.file_name(), static_cast<int>(told.place.line()), item.label);
     const string seen = visit(visited, item, told.answers);
     EXPECT_EQ(seen.substr(seen.size() - std::min(seen.size(), told.ending.size())), told.ending);

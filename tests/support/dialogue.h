@@ -123,8 +123,8 @@ struct Dialogue {
   Refusals refusals = Refusals::by_kind;
   std::string opening = keep_with_enter;  // before the first question
   std::vector<Question> questions = {};
-  std::string ending = {};  // behind the last one
-  Desk desk = {};           // what is stored besides
+  std::string ending = {};    // behind the last one
+  FactoryDevice device = {};  // what is stored besides
 
   bool adding = false;  // a new record: prompts show zero, and require an answer
   // Typed to get to the first question, and when the dialogue is over; what is shown then.
@@ -142,8 +142,8 @@ inline const std::string listed = "<the list>";
 // nothing is saved or changes.
 void hold(const Dialogue& dialogue);
 
-// The desk on which a dialogue begins: its questions' fields hold what the rows say.
-Desk desk_of(const Dialogue& dialogue);
+// The device on which a dialogue begins: its questions' fields hold what the rows say.
+FactoryDevice device_of(const Dialogue& dialogue);
 
 // ---- Visits that follow from no row ----
 
@@ -155,6 +155,6 @@ struct Visit {
   Place place = here();
 };
 
-void hold(const Item& item, const Desk& desk, const std::vector<Visit>& visits);
+void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit>& visits);
 
 }  // namespace tests

@@ -44,7 +44,7 @@ string replaced(string text, std::string_view what, std::string_view by) {
   return text;
 }
 
-Desk::Desk() {
+FactoryDevice::FactoryDevice() {
   login.idle_timeout = 300;
   set("admin_user_name", "admin").set("admin_password", "admin");
   for (const config::Field& field : config::field_table()) {
@@ -55,7 +55,7 @@ Desk::Desk() {
   }
 }
 
-Desk& Desk::set(std::string_view name, std::string_view value) {
+FactoryDevice& FactoryDevice::set(std::string_view name, std::string_view value) {
   const auto element = config::find_field(name);
   EXPECT_TRUE(element && config::set_field_value(*element->field, element->index, value, settings))
       << name << "=" << value;

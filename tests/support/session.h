@@ -39,10 +39,10 @@ std::vector<Element> operator+(std::vector<Element> list, const std::vector<Elem
 // ---- Sessions ----
 
 // A device with a user admin/admin, an idle time-out of 300 seconds, all slots free and everything else 0.
-struct Desk : Device {
-  Desk();
+struct FactoryDevice : Device {
+  FactoryDevice();
   // Sets a field by its name in the field table, e.g. "sip_port" or "virtual_server_table[3].enable".
-  Desk& set(std::string_view name, std::string_view value);
+  FactoryDevice& set(std::string_view name, std::string_view value);
 };
 
 // Runs the console over the whole input, to its end, and returns the exit status.

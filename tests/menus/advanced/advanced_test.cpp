@@ -46,13 +46,13 @@ TEST(Nat, SwitchesAndDmz) {
   };
   hold(dialogue);
 
-  Desk desk = desk_of(dialogue);
-  hold(dialogue.item, desk,
+  FactoryDevice device = device_of(dialogue);
+  hold(dialogue.item, device,
        {Visit({{"NAT Enable?", "0"}}, "NAT Enable?<1>" + choices + stops_nat, "nat_enable=0"),
         Visit({{"DMZ Enable?", "0"}}, "DMZ Enable?<1>" + choices + restarts_filter, "dmz_enable=0 dmz_ip=0.0.0.0")});
   // Whatever is not 0 is on, where it is asked about; the scripts want to see 1.
-  desk.set("nat_enable", "2").set("dmz_enable", "3");
-  hold(dialogue.item, desk, {Visit({{"DMZ Lan IP<10.1.2.9>", ""}}, stops_nat)});
+  device.set("nat_enable", "2").set("dmz_enable", "3");
+  hold(dialogue.item, device, {Visit({{"DMZ Lan IP<10.1.2.9>", ""}}, stops_nat)});
 }
 
 TEST(Upnp, RunsWhileAddressesAreTranslated) {
@@ -62,11 +62,11 @@ TEST(Upnp, RunsWhileAddressesAreTranslated) {
   dialogue.questions = {Question(fields.upnp_enable, 0, "UPNP Enable?<%d>(0:Disable, 1:Enable):", one_of("01"))};
   hold(dialogue);
 
-  Desk desk = desk_of(dialogue);
+  FactoryDevice device = device_of(dialogue);
   const string starts = save + silently("/etc/init.d/upnpd.sh start") + setting_saved;
-  hold(dialogue.item, desk.set("nat_enable", "1"), {Visit({{"UPNP Enable?", "1"}}, starts, "upnp_enable=1")});
-  hold(dialogue.item, desk.set("upnp_enable", "2"), {Visit({}, stops)});
-  hold(dialogue.item, desk.set("upnp_enable", "1").set("nat_enable", "2"), {Visit({}, stops)});
+  hold(dialogue.item, device.set("nat_enable", "1"), {Visit({{"UPNP Enable?", "1"}}, starts, "upnp_enable=1")});
+  hold(dialogue.item, device.set("upnp_enable", "2"), {Visit({}, stops)});
+  hold(dialogue.item, device.set("upnp_enable", "1").set("nat_enable", "2"), {Visit({}, stops)});
 }
 
 // ---- What all rule tables share ----
@@ -80,8 +80,8 @@ struct Table {
 
 // The list of an empty table; docs/menus.md shows it.
 string titles(const Table& table) {
-  Desk desk;
-  const string shown = visit(desk, table.item, {});
+  FactoryDevice device;
+  const string shown = visit(device, table.item, {});
   return replaced(shown.substr(0, shown.find("\n\n") + 1), "<Disable>", "<Enable>");
 }
 
@@ -117,13 +117,13 @@ Dialogue rules(const Table& table, std::uint8_t& enable, bool adding, const std:
 const Answers to_rule = {{"Add new rule", "1"}, {"What item", "3"}, {"Del or Edit", "1"}};
 const Answers to_switched_rule = Answers{{"Function?", "1"}} + to_rule;
 
-// Holds a table to its rows. Returns the desk with rule 3 stored.
+// Holds a table to its rows. Returns the device with rule 3 stored.
 template <typename Record, typename Questions>
-Desk hold_rules(const Table& table, std::array<Record, 32>& records, const Questions& questions) {
+FactoryDevice hold_rules(const Table& table, std::array<Record, 32>& records, const Questions& questions) {
   hold(rules(table, records[0].enable, true, questions(records[0], true)));
   const Dialogue edited = rules(table, records[3].enable, false, questions(records[3], false));
   hold(edited);
-  return desk_of(edited);
+  return device_of(edited);
 }
 
 Question address(const string& name, config::Ipv4& field, const char* stored, Place row = here()) {
@@ -165,20 +165,20 @@ TEST(RuleTables, VirtualServers) {
   const Table table = {.item = item("Virtual Server Setting"),
                        .row = "     |192.168.  0. 10|BOTH    |     80|  8080|" + scheduled,
                        .wild_row = "     |" + any + "|        |  65535| 65535|" + wild_scheduled};
-  const Desk desk = hold_rules(table, fields.virtual_server_table, [](auto& rule, bool adding) {
+  const FactoryDevice device = hold_rules(table, fields.virtual_server_table, [](auto& rule, bool adding) {
     return std::vector{address("Private IP", rule.private_ip, "192.168.0.10"),
                        Question(rule.protocol, 2, "Protocol Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012")),
                        port("Private Port", rule.private_port, 80), port("Public Port", rule.public_port, 8080)} +
            schedule(rule.schedule, adding);
   });
-  hold(item("Rule Summary"), desk, {Visit({{"Select a list?", "0"}}, titles(table) + " 3:|1" + table.row + "\n")});
+  hold(item("Rule Summary"), device, {Visit({{"Select a list?", "0"}}, titles(table) + " 3:|1" + table.row + "\n")});
 }
 
 TEST(RuleTables, SpecialApplications) {
   const Table table = {.item = item("Application Setting"),
                        .row = "     |   21 |UDP   | 6000- 6000|TCP   |" + scheduled,
                        .wild_row = "     |65535 |      |65535-65535|      |" + wild_scheduled};
-  const Desk desk = hold_rules(table, fields.special_application_table, [](auto& rule, bool adding) {
+  const FactoryDevice device = hold_rules(table, fields.special_application_table, [](auto& rule, bool adding) {
     return std::vector{port("Trigger Port", rule.trigger_port, 21),
                        Question(rule.trigger_type, 1, "Trigger Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012")),
                        port("Public Port Start", rule.public_port_start, 6000),
@@ -186,7 +186,7 @@ TEST(RuleTables, SpecialApplications) {
                        Question(rule.public_type, 0, "Public Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012"))} +
            schedule(rule.schedule, adding);
   });
-  hold(table.item, desk, {Visit(to_rule + Answers{{"Public Port End", "5999"}}, ip_range_error)});
+  hold(table.item, device, {Visit(to_rule + Answers{{"Public Port End", "5999"}}, ip_range_error)});
 }
 
 TEST(RuleTables, StaticRoutes) {
@@ -194,7 +194,7 @@ TEST(RuleTables, StaticRoutes) {
                        .row = "     |Net  | 10.  1.  0.  0|255.254.  0.  0|192.168.  0.254\n",
                        .wild_row = "     |Net  |" + any + "|" + any + "|" + any + "\n",
                        .ending = save + silently("/etc/init.d/staticroute.sh restart") + setting_saved};
-  Desk desk = hold_rules(table, fields.static_route_table, [](auto& route, bool /*adding*/) {
+  FactoryDevice device = hold_rules(table, fields.static_route_table, [](auto& route, bool /*adding*/) {
     return std::vector{Question(route.route_type, 0, "Type?<%d>(0:Net, 1:Host):", one_of("01"), {.only = {"0"}}),
                        address("Target", route.route_target, "10.1.0.0"),
                        Question(route.route_netmask, "255.254.0.0", "Netmask?<%u.%u.%u.%u>:", netmask(),
@@ -202,17 +202,17 @@ TEST(RuleTables, StaticRoutes) {
                        address("Gateway", route.route_gateway, "192.168.0.254")};
   });
   // A new route to a host is not asked for its mask, a stored one is. The last slot is used and listed as well.
-  hold(table.item, desk,
+  hold(table.item, device,
        {Visit(to_rule + Answers{{"Type?", "1"}, {"Netmask?<255.254.0.0>", ""}}, table.ending,
               "static_route_table[3].route_type=1")});
-  desk.settings.static_route_table = {};
-  hold(table.item, desk.set("static_route_table[31].enable", "255"),
+  device.settings.static_route_table = {};
+  hold(table.item, device.set("static_route_table[31].enable", "255"),
        {Visit({{"Add new", "0"}, {"Type?", "1"}, {"Target?", "1.2.3.4"}, {"Gateway?", "1.1.1.1"}}, table.ending,
               replaced("Xenable=0 Xroute_type=1 Xroute_target=1.2.3.4 Xroute_netmask=255.255.255.255 "
                        "Xroute_gateway=1.1.1.1",
                        "X", "static_route_table[31]."))});
-  desk.set("static_route_table[31].enable", "2").set("static_route_table[31].route_type", "2");
-  hold(table.item, desk, {Visit({{"\n31:|2     |Host |", "0"}}, "(0:Add New, 1:Modify):" + table_full)});
+  device.set("static_route_table[31].enable", "2").set("static_route_table[31].route_type", "2");
+  hold(table.item, device, {Visit({{"\n31:|2     |Host |", "0"}}, "(0:Add New, 1:Modify):" + table_full)});
 }
 
 TEST(RuleTables, MacFilters) {
@@ -220,7 +220,7 @@ TEST(RuleTables, MacFilters) {
                        .row = "     |00:11:22:aa:bb:cc|" + scheduled,
                        .wild_row = "     |ff:ff:ff:ff:ff:ff|" + wild_scheduled,
                        .master = &fields.mac_filter_enable};
-  Desk desk = hold_rules(table, fields.mac_filter_table, [](auto& rule, bool adding) {
+  FactoryDevice device = hold_rules(table, fields.mac_filter_table, [](auto& rule, bool adding) {
     const string prompt = "MAC Address<%02x:%02x:%02x:%02x:%02x:%02x>:";
     return std::vector{Question(rule.mac_address, "00:11:22:aa:bb:cc", prompt, mac())} +
            schedule(rule.schedule, adding);
@@ -231,15 +231,15 @@ TEST(RuleTables, MacFilters) {
                              {"1001011", "Wed-Sun", "3", "0", "1001111"},
                              {"0000000", "Sun-Sun", "7", "7", "0000000"}};
   const string mask = "mac_filter_table[3].week_mask";
-  desk.set("mac_filter_table[3].schedule_mode", "2");
+  device.set("mac_filter_table[3].schedule_mode", "2");
   for (const auto& [stored, listed_days, start, end, kept] : masks) {
     Answers answers = to_switched_rule;
     answers[0].question = "By Schedule,8:05-17:30," + listed_days + "\n\nEnable MAC Filter";
     const string shown = "Start Day?<" + start + ">" + days + "End Day?<" + end + ">" + days;
-    hold(table.item, desk.set(mask, stored), {Visit(answers, shown + restarts_filter, mask + "=" + kept)});
+    hold(table.item, device.set(mask, stored), {Visit(answers, shown + restarts_filter, mask + "=" + kept)});
   }
   // The last mask has no bounds: one day typed, the other kept. The switch is stored with a deleted rule as well.
-  hold(table.item, desk,
+  hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"End Day?", "3"}}, restarts_filter, mask + "=1111000"),
         Visit(to_switched_rule + Answers{{"Schedule?<2>", "0"}}, restarts_filter,
               replaced("Xschedule_mode=0 Xstart_hour=0 Xstart_minute=0 Xend_hour=0 Xend_minute=0 Xweek_mask=1000000",
@@ -253,19 +253,19 @@ TEST(RuleTables, IpFilters) {
                        .row = "     |" + range + "|  100-  200|UDP |" + scheduled,
                        .wild_row = "     |" + any_range + "|65535-65535|    |" + wild_scheduled,
                        .master = &fields.ip_filter_enable};
-  const Desk desk = hold_rules(table, fields.ip_filter_table, [](auto& rule, bool adding) {
+  const FactoryDevice device = hold_rules(table, fields.ip_filter_table, [](auto& rule, bool adding) {
     const std::vector type = {Question(rule.protocol, 1, "Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012"))};
     const std::vector ports = {port("Start Port", rule.start_port, 100), port("End Port", rule.end_port, 200)};
     return clients(rule.start_ip, rule.end_ip) + (adding ? ports + type : type + ports) +
            schedule(rule.schedule, adding);
   });
-  hold(table.item, desk,
+  hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"Start IP?", "192.168.0.101"}}, ip_range_error),
         Visit(to_switched_rule + Answers{{"Start Port", "201"}}, ip_range_error)});
 }
 
-Desk hold_string_filters(const string& kind, std::uint8_t& master, std::array<config::StringFilter, 32>& filters,
-                         const string& shown) {
+FactoryDevice hold_string_filters(const string& kind, std::uint8_t& master,
+                                  std::array<config::StringFilter, 32>& filters, const string& shown) {
   const Table table = {.item = item(kind),
                        .row = "     |" + range + "|www.%s\n",
                        .wild_row = "     |" + any_range + "|" + string(256, '\xff') + "\n",
@@ -277,20 +277,21 @@ Desk hold_string_filters(const string& kind, std::uint8_t& master, std::array<co
 }
 
 TEST(RuleTables, UrlFilters) {
-  Desk desk = hold_string_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
+  FactoryDevice device = hold_string_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
   // All newlines of the text are cut at once, but not before it is shown.
-  desk.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac");
-  hold(item("URL Filter"), desk,
+  device.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac");
+  hold(item("URL Filter"), device,
        {Visit(to_switched_rule + Answers{{"String?<a>", string(256, 't')}}, illegal_value,
               "url_filter_table[3].filter_string=a\\x00b\\x00c"),
         Visit(to_switched_rule + Answers{{"End IP?", "x"}}, illegal_value)});
 }
 
 TEST(RuleTables, DomainFilters) {
-  Desk desk = hold_string_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
+  FactoryDevice device =
+      hold_string_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
   // The stored text is neither shown nor cut.
-  desk.set("domain_filter_table[3].filter_string", "a\\x0ab");
-  hold(item("Domain Filter"), desk, {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
+  device.set("domain_filter_table[3].filter_string", "a\\x0ab");
+  hold(item("Domain Filter"), device, {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
 }
 
 // A rule behind its action: schedule, and a table of source and destination.
@@ -310,7 +311,7 @@ TEST(RuleTables, Firewall) {
       .row = "          |Allow    |" + firewall_row(scheduled, "*  " + from, "LAN" + to, "BOTH" + ports),
       .wild_row = "          |Allow    |" + firewall_row(wild_scheduled, wild, wild, "BOTH    |65535-65535"),
       .master = &fields.firewall_enable};
-  Desk desk = hold_rules(table, fields.firewall_rule_table, [&](auto& rule, bool adding) {
+  FactoryDevice device = hold_rules(table, fields.firewall_rule_table, [&](auto& rule, bool adding) {
     const string interfaces = " interface?<%d>(0:WAN, 1:LAN, 2:ALL):";
     const Departures or_zero = {.enter_stores = "0"};
     return std::vector{Question(rule.action, 1, "Action?<%d>(0:Deny, 1:Allow):", one_of("01"), or_zero),
@@ -328,14 +329,14 @@ TEST(RuleTables, Firewall) {
   });
   // What a protocol of a stored rule is listed as, and whether it clears the ports.
   const string rule = "firewall_rule_table[3].", no_ports = replaced("Xdst_port_start=0 Xdst_port_end=0", "X", rule);
-  hold(table.item, desk,
+  hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"Port End", "79"}}, ip_range_error),
         Visit(to_switched_rule + Answers{{"Protocol?", "4"}}, restarts_filter, rule + "protocol=4 " + no_ports)});
-  desk.set(rule + "action", "0").set(rule + "src_interface", "0");
+  device.set(rule + "action", "0").set(rule + "src_interface", "0");
   for (const auto& [protocol, name] : std::map<string, string>{{"3", "ICMP"}, {"4", "ALL "}, {"5", "    "}}) {
     Answers kept = to_switched_rule + Answers{{"Schedule?", ""}};
     kept[0].question = "|Deny     |" + firewall_row(scheduled, "WAN" + from, "LAN" + to, name + ports);
-    hold(table.item, desk.set(rule + "protocol", protocol),
+    hold(table.item, device.set(rule + "protocol", protocol),
          {Visit(kept, restarts_filter, protocol == "5" ? "" : no_ports)});
   }
 }

@@ -65,7 +65,7 @@ TEST(Wan, StaticAddress) {
   Dialogue dialogue =
       wan(0, std::vector{mtu(all.static_mtu, 1400, 1500)} +
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
-  dialogue.desk.set("static_broadcast", "1.2.3.4").set("dns_mode", "1");
+  dialogue.device.set("static_broadcast", "1.2.3.4").set("dns_mode", "1");
   dialogue.completed = [](config::ConfigurationSegment& settings) {
     config::WanSettings& wan = settings.wan;
     wan.static_broadcast = wan.static_ip | ~wan.static_netmask;
@@ -77,10 +77,11 @@ TEST(Wan, StaticAddress) {
 TEST(Wan, Dhcp) {
   const Dialogue dialogue = wan(1, std::vector{mtu(fields.wan.dhcp_mtu, 0, 1500)} + dns());
   hold(dialogue);
-  hold(wan_setting, desk_of(dialogue), {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
-  hold(wan_setting, desk_of(dialogue).set("dns_mode", "2"), {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
+  hold(wan_setting, device_of(dialogue), {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
+  hold(wan_setting, device_of(dialogue).set("dns_mode", "2"),
+       {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
   // The MAC address of another type than 1 is cleared, and an unknown type of connection has no more questions.
-  hold(wan_setting, desk_of(dialogue).set("wan_mac_type", "2").set("wan_type", "6"),
+  hold(wan_setting, device_of(dialogue).set("wan_mac_type", "2").set("wan_type", "6"),
        {Visit({{"MAC Type?<2>", ""}, {"Ping form WAN?", ""}}, "1:Enable):" + reboots, "wan_mac=00:00:00:00:00:00")});
 }
 
@@ -100,7 +101,7 @@ TEST(Wan, Pppoe) {
                          address(all.pppoe_static_ip, "1.2.3.4", "Static PPPoE IP?")} +
                  dialling(all.pppoe_connect_type, all.pppoe_max_idle_time));
   hold(dialogue);
-  hold(wan_setting, desk_of(dialogue),
+  hold(wan_setting, device_of(dialogue),
        {Visit({{"PPPoE Type?", "2"}, {"Connect Type?", ""}}, reboots, "pppoe_type=2 pppoe_static_ip=0.0.0.0")});
 }
 
@@ -115,7 +116,7 @@ void hold_tunnel(int wan_type, const string& kind, const string& prefix, std::in
                                                           name(own.password, "p", kind + " Password")} +
                                               dialling(own.connect_type, own.max_idle_time));
   hold(dialogue);
-  hold(wan_setting, desk_of(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
+  hold(wan_setting, device_of(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
        {Visit({}, reboots, replaced("X_static_ip=0.0.0.0 X_netmask=0.0.0.0 X_gateway=0.0.0.0", "X", prefix))});
 }
 
@@ -142,8 +143,8 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
   Dialogue dialogue = {.item = lan_setting, .ending = restarts_lan, .list = "1", .wild_list = "255"};
   dialogue.opening = "Lan IP:<192.168.1.2>\nLan MASK:<255.254.0.0>\nDNS PROXY Enable:<" + listed +
                      ">(0:disable,1:enable)\n\n" + keep_with_enter;
-  dialogue.desk.set("lan_broadcast", "192.169.255.255");
-  dialogue.desk.set("dhcp_start_ip", "192.168.1.100").set("dhcp_end_ip", "192.168.1.200");
+  dialogue.device.set("lan_broadcast", "192.169.255.255");
+  dialogue.device.set("dhcp_start_ip", "192.168.1.100").set("dhcp_end_ip", "192.168.1.200");
   dialogue.questions = {
       Question(lan.lan_ip, "192.168.1.2", "Lan IP<%u.%u.%u.%u>:", ipv4(),
                {.only = {"192.168.1.2"}, .refusal = "Lan IP Error\n", .refused_when_kept = {"0.0.0.0"}}),
@@ -153,7 +154,7 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
                {.refusal = "Lan DNS PROXY Setting Error\n"}),
   };
   hold(dialogue);
-  hold(lan_setting, desk_of(dialogue).set("dhcp_start_ip", "10.0.9.100"),
+  hold(lan_setting, device_of(dialogue).set("dhcp_start_ip", "10.0.9.100"),
        {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}}, "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
               "lan_ip=10.0.3.1 lan_netmask=255.128.0.0 lan_broadcast=10.127.255.255 "
               "dhcp_start_ip=10.0.3.100 dhcp_end_ip=10.0.3.200")});
@@ -175,7 +176,7 @@ TEST(Dhcp, Server) {
   dialogue.list =
       "DHCP Server Enable:<1>(0:Disable, 1:Enable)\nDHCP Server Start IP:<192.168.0.100>\n"
       "DHCP Server End IP:<192.168.0.200>\nDHCP IP Lease Time:<1 Day>\n\n";
-  dialogue.desk.set("lan_ip", "192.168.0.1").set("lan_netmask", "255.255.255.0");
+  dialogue.device.set("lan_ip", "192.168.0.1").set("lan_netmask", "255.255.255.0");
   dialogue.questions = {
       Question(what_item, one_of("01"), {.only = {"0"}, .required = true, .shown_behind = keep_with_enter + listed}),
       Question(dhcp.dhcp_server_enable, 1, "DHCP Server Enable?<%d>(0:Disable, 1:Enable):", one_of("01"),
@@ -190,8 +191,8 @@ TEST(Dhcp, Server) {
   hold(dialogue);
 
   const Answer server = {"What item", "0"};
-  hold(dhcp_setting, desk_of(dialogue), {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
-  hold(dhcp_setting, desk_of(dialogue).set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
+  hold(dhcp_setting, device_of(dialogue), {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
+  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
        {Visit({server}, "DHCP IP Lease Time?<>:" + wrong_choice),
         Visit({server, {"Lease Time?", "0"}}, stops_dhcp, "dhcp_lease_time=3600")});
 }
@@ -199,7 +200,7 @@ TEST(Dhcp, Server) {
 TEST(Dhcp, StaticClientIsEditedAndDeleted) {
   auto& client = fields.dhcp.static_dhcp_table[0];
   Dialogue dialogue = {.item = dhcp_setting, .opening = "", .ending = restarts_dhcp};
-  dialogue.desk.set("dhcp_server_enable", "1");
+  dialogue.device.set("dhcp_server_enable", "1");
   dialogue.list = "0:Enable:1\tMAC:00:11:22:aa:bb:cc\tIP:192.168.0.150\tDiscription:nas\n";
   dialogue.wild_list =
       "0:Enable:1\tMAC:ff:ff:ff:ff:ff:ff\tIP:255.255.255.255\tDiscription:" + string(32, '\xff') + "\n";
@@ -219,21 +220,21 @@ TEST(Dhcp, StaticClientIsEditedAndDeleted) {
       Question(client.description, "nas", "Description?<%s>:", text(31)),
   };
   hold(dialogue);
-  hold(dhcp_setting, desk_of(dialogue).set("dhcp_server_enable", "0"),
+  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "0"),
        {Visit({{"What item", "1"}, {"Add new", "1"}, {"What item", "0"}, {"Del or Edit", "0x"}},
               "1:Edit):" + stops_dhcp, "static_dhcp_table[0].enable=255")});
 }
 
 TEST(Dhcp, StaticClientIsAddedInTheLowestFreeSlot) {
-  Desk desk;
-  for (auto& client : desk.settings.dhcp.static_dhcp_table) {
+  FactoryDevice device;
+  for (auto& client : device.settings.dhcp.static_dhcp_table) {
     client.enable = 200;
   }
   const Answer clients = {"What item", "1"}, add = {"Add new", "0"};
-  hold(dhcp_setting, desk, {Visit({clients, add}, "1:Modify):" + table_full)});
-  desk.set("static_dhcp_table[30].enable", "255").set("static_dhcp_table[31].enable", "255");
-  desk.set("dhcp_start_ip", "1.0.0.1").set("dhcp_end_ip", "1.0.0.9");
-  hold(dhcp_setting, desk,
+  hold(dhcp_setting, device, {Visit({clients, add}, "1:Modify):" + table_full)});
+  device.set("static_dhcp_table[30].enable", "255").set("static_dhcp_table[31].enable", "255");
+  device.set("dhcp_start_ip", "1.0.0.1").set("dhcp_end_ip", "1.0.0.9");
+  hold(dhcp_setting, device,
        {Visit({clients, add, {"IP?", "1.0.0.1"}}, "IP?<0.0.0.0>:" + illegal_value),
         Visit({clients, add, {"IP?", "1.0.0.10"}}, "IP?<0.0.0.0>:" + illegal_value),
         Visit({clients, add, {"IP?", "1.0.0.9"}, {"MAC?", "00:00:00:00:00:01"}, {"Description?:", ""}}, stops_dhcp,

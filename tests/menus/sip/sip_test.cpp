@@ -35,7 +35,7 @@ TEST(Sip, Basic) {
   };
   hold(dialogue);
 
-  hold(basic_setting, desk_of(dialogue),
+  hold(basic_setting, device_of(dialogue),
        {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
         Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000")});
 }
@@ -86,9 +86,9 @@ TEST(Sip, Accounts) {
   hold(accounts);
 
   // Other programs may store another value than 1 for on.
-  Desk desk = desk_of(accounts);
-  desk.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
-  hold(account_setting, desk.set("sip_server[0].use_outbound_proxy", "255"),
+  FactoryDevice device = device_of(accounts);
+  device.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
+  hold(account_setting, device.set("sip_server[0].use_outbound_proxy", "255"),
        {Visit({}, save_and_tell_daemon),
         Visit({{"Phone 1 Enable", ""}, {"P-Asserted Enable", "0"}, {"Use Outbound Proxy", "0"}}, save_and_tell_daemon,
               "sip_line[1].p_asserted_enable=0 sip_line[1].asserted_identity_uri= "
@@ -98,11 +98,11 @@ TEST(Sip, Accounts) {
 
 // A line that is switched off is cleared, to the last byte, and not asked about.
 TEST(Sip, ADisabledAccount) {
-  Desk desk;
-  std::memset(&desk.settings.sip_line, 'x', sizeof desk.settings.sip_line);
-  std::memset(&desk.settings.sip_server, 'x', sizeof desk.settings.sip_server);
-  visit(desk, account_setting, {{"Expire", "60"}, {"Phone 0", "0"}, {"Phone 1", "0"}});
-  EXPECT_EQ(differences(Desk().set("auth_expire_time", "60").settings, desk.settings),
+  FactoryDevice device;
+  std::memset(&device.settings.sip_line, 'x', sizeof device.settings.sip_line);
+  std::memset(&device.settings.sip_server, 'x', sizeof device.settings.sip_server);
+  visit(device, account_setting, {{"Expire", "60"}, {"Phone 0", "0"}, {"Phone 1", "0"}});
+  EXPECT_EQ(differences(FactoryDevice().set("auth_expire_time", "60").settings, device.settings),
             "sip_line[0].reserved_278=xx sip_line[1].reserved_278=xx sip_server[0].reserved_259=x "
             "sip_server[1].reserved_259=x sip_server[0].reserved_329=xxx sip_server[1].reserved_329=xxx");
 }
@@ -124,7 +124,7 @@ TEST(Sip, NatTraversal) {
   hold(upnp);
 
   // Whatever is not 0 is on.
-  hold(nat_traversal, desk_of(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
+  hold(nat_traversal, device_of(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
        {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0"),
         Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});
 }

@@ -14,8 +14,9 @@ const string routes = "route -n | awk '{print $2\" \"$4}' ", eth0 = "/sbin/ifcon
 const string ruler = string(54, '-') + "\n", done = "Configuration successed.\n";
 
 // That the page has this part and this end; docs/menus.md shows the whole of it.
-void hold_page(Desk desk, const Answers& answers, const string& part, const string& end, Place row = here()) {
-  const string page = visit(desk, {"Status", "Device Infomation"}, answers);
+void hold_page(FactoryDevice device, const Answers& answers, const string& part, const string& end,
+               Place row = here()) {
+  const string page = visit(device, {"Status", "Device Infomation"}, answers);
   if (page.find(part) == string::npos || !page.ends_with(end)) {
     ADD_FAILURE_AT(row.file_name(), static_cast<int>(row.line())) << page;
   }
@@ -23,10 +24,10 @@ void hold_page(Desk desk, const Answers& answers, const string& part, const stri
 
 // With one tool that prints this, or a file that holds it, and others that print nothing.
 void hold_tool(const string& tool, const string& prints, const string& part, Place row = here()) {
-  Desk desk;
-  desk.files[tool] = desk.command_output[tool] = prints;
-  desk.failing = {prints == "fails" ? "start " + tool : ""};
-  hold_page(desk, {}, part, ruler, row);
+  FactoryDevice device;
+  device.files[tool] = device.command_output[tool] = prints;
+  device.failing = {prints == "fails" ? "start " + tool : ""};
+  hold_page(device, {}, part, ruler, row);
 }
 
 TEST(DeviceInformation, ShowsWhatToolsPrint) {
@@ -54,7 +55,7 @@ TEST(DeviceInformation, ShowsWhatToolsPrint) {
 }
 
 TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
-  const auto desk_with = [](const string& wan_type) { return Desk().set("wan_type", wan_type); };
+  const auto desk_with = [](const string& wan_type) { return FactoryDevice().set("wan_type", wan_type); };
   const auto script = [](const string& arguments) { return silently("/etc/init.d/" + arguments); };
   hold_page(desk_with("0").set("host_name", "gateway\\x0a"), {}, "Host Name : gateway\nSystem", ruler);
   hold_page(desk_with("0").set("dhcp_server_enable", "2"), {}, "",
@@ -69,15 +70,15 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
       tests_ppp + "ppp0   Link\n\n{/sbin/ifconfig ppp0}{" + eth0 + "}WAN MAC Address : \nWAN IP Address : 10.64.0.3\n";
   const string shown[] = {"PPPOE \n" + link, "PPTP \n" + link, "L2TP \n" + link, "BigPond \nDNS"};
   for (const std::size_t i : {0U, 1U, 2U, 3U}) {
-    Desk desk = desk_with(std::to_string(i + 2));
-    desk.command_output["/sbin/ifconfig ppp0"] = "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n";
-    desk.files["/tmp/ppp_test"] = "ppp0   Link\n";
+    FactoryDevice device = desk_with(std::to_string(i + 2));
+    device.command_output["/sbin/ifconfig ppp0"] = "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n";
+    device.files["/tmp/ppp_test"] = "ppp0   Link\n";
     const string name = Strings{"pppoe", "pptp", "l2tp", "bigpond"}[i];
     const string stop = script(name + ".sh stop"), restart = script(name + ".sh restart") + done;
-    hold_page(desk, {{"Disconnect", "0"}}, "WAN Type : " + shown[i], reconnect + stop + restart);
-    hold_page(desk, {{"Disconnect", "1"}}, "WAN Type : " + shown[i], reconnect + restart);
+    hold_page(device, {{"Disconnect", "0"}}, "WAN Type : " + shown[i], reconnect + stop + restart);
+    hold_page(device, {{"Disconnect", "1"}}, "WAN Type : " + shown[i], reconnect + restart);
   }
-  Desk down = desk_with("3");
+  FactoryDevice down = desk_with("3");
   down.files["/tmp/ppp_test"] = "";
   hold_page(down, {}, "PPTP \n" + tests_ppp + "\nWAN is disconnection!\nWAN Gateway", reconnect);
   hold_page(desk_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
@@ -95,7 +96,7 @@ string entries(int from, int to) {
 }
 
 TEST(LogViewer, ShowsTheNewestFirstInPages) {
-  Desk one_page, three_pages;
+  FactoryDevice one_page, three_pages;
   // Longer lines are read in pieces of 510 characters.
   one_page.files["/var/tmp/messages.tmp"] =
       "a debug b\n" + entries(1, 16) + "a\0b %s%n\n"s + string(507, 'x') + "debug\n\xff no end";
@@ -110,7 +111,7 @@ TEST(LogViewer, ShowsTheNewestFirstInPages) {
 }
 
 TEST(LogViewer, MakesItsSnapshotOfALogThatIsThere) {
-  Desk made, neither;
+  FactoryDevice made, neither;
   made.files["/var/tmp/messages"] = "";
   made.on_command = [&](const string& /*command*/) { made.files["/tmp/messages.tmp"] = "here\n"; };
   const string command =
@@ -123,7 +124,7 @@ TEST(LogViewer, MakesItsSnapshotOfALogThatIsThere) {
 
 const Item line_state = {"Status", "Line State"}, call_records = {"Status", "Call Detailed Record"};
 
-struct DaemonDesk : Desk {
+struct DaemonDesk : FactoryDevice {
   explicit DaemonDesk(const Strings& replies) {
     on_datagram = [replies](const string& /*request*/) { return replies; };
   }
@@ -151,10 +152,10 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
       }
     }
   }
-  DaemonDesk desk(
+  DaemonDesk device(
       {"0 packets\n1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n17\n18\n-7\nx\n4294967296\n\n22\n23\n"
        "w\n%s\xff nineteen bytes!\n%s\xff of twenty bytes.\n"});
-  EXPECT_EQ(desk.page(line_state),
+  EXPECT_EQ(device.page(line_state),
             "\nPhone 1            |Phone 2            |Account 1          |Account 2\n"
             "-------------------+-------------------+-------------------+------------------\n"
             "w                  |%s\xff nineteen bytes!|%s\xff of twenty bytes|                   \n"
@@ -166,7 +167,7 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
             "-----+-------+---------+---------+---------+---------+---------+--------------\n"
             "  2  |   0   |        6|       18|        7|       -7|        8|        0\n"
             "     |   1   |        9|2147483647|       10|       22|       11|       23\n\n");
-  EXPECT_EQ(desk.requests, Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
+  EXPECT_EQ(device.requests, Strings{request + "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1\n\n"});
 }
 
 string call(const string& first_row, const string& second_row) {

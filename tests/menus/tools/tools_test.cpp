@@ -12,11 +12,11 @@ const string starts_ntp = save + silently("/etc/init.d/ntp.sh config");
 
 // What is no number in range is passed over, and the next line read without another question.
 TEST(DayTime, SetByHand) {
-  Desk desk;
-  desk.local_time = {1970, 2, 3, 4, 5, 6};
+  FactoryDevice device;
+  device.local_time = {1970, 2, 3, 4, 5, 6};
   const Answers typed = {{"Year", "2005"}, {"", "2021"},  {"", "0x"},       {"", "2006"},   {"Month", "12"},
                          {"Day", "31"},    {"Hour", "0"}, {"Minute", "59"}, {"Second", "7"}};
-  hold(day_time, desk,
+  hold(day_time, device,
        {Visit({{"Set By", "0x"}}, starts_ntp + "{/bin/date 020304051970.06}" + setting_saved),
         Visit(typed,
               "(0-24): Year  (1970)  <2006-2020>:Month (2)  <1-12>:Day   (3)  <1-31>:Hour  (4)  <0-23>:"
@@ -28,17 +28,17 @@ TEST(DayTime, SetByHand) {
 TEST(DayTime, SetByATimeServer) {
   const string done = "Zone (0-24): NTP Server Address<old>:" + starts_ntp + setting_saved;
   const string server(127, 'n'), cut = "date_time_set_by=1 ntp_server=old\\x00name";
-  Desk desk;
-  desk.set("ntp_server", "old\\x0aname").set("time_zone", "23");
-  hold(day_time, desk,
+  FactoryDevice device;
+  device.set("ntp_server", "old\\x0aname").set("time_zone", "23");
+  hold(day_time, device,
        {Visit({{"Set By", "2"}}, "Date Time Set By <0>(0: Manual, 1: NTP Time Server):" + wrong_choice),
         Visit({{"Set By", "10"}, {"Time Zone : 23-(GMT+11:00) Magadan, Soloman Is.\n0-", "24"}}, done,
               "time_zone=24 " + cut),
         Visit({{"Set By", "1"}, {"Zone", "25"}, {"Address", server}}, done, "date_time_set_by=1 ntp_server=" + server),
         Visit({{"Set By", "1"}, {"Zone", "0"}, {"Address", server + "n"}}, illegal_value, "time_zone=0 " + cut)});
   // Other programs may store anything.
-  hold(day_time, desk.set("time_zone", "25"), {Visit({{"Set By", "1"}, {"Time Zone : 25-\n0-", "x"}}, done, cut)});
-  hold(day_time, desk.set("date_time_set_by", "7"), {Visit({}, "NTP Time Server):" + save + setting_saved)});
+  hold(day_time, device.set("time_zone", "25"), {Visit({{"Set By", "1"}, {"Time Zone : 25-\n0-", "x"}}, done, cut)});
+  hold(day_time, device.set("date_time_set_by", "7"), {Visit({}, "NTP Time Server):" + save + setting_saved)});
 }
 
 TEST(Ddns, IsRestartedOrStopped) {
@@ -54,7 +54,7 @@ TEST(Ddns, IsRestartedOrStopped) {
   };
   dialogue.ending = stops + silently("/etc/init.d/ddns.sh start") + setting_saved;
   hold(dialogue);
-  hold(dialogue.item, desk_of(dialogue).set("ddns_enable", "2"),
+  hold(dialogue.item, device_of(dialogue).set("ddns_enable", "2"),
        {Visit({}, "Host?<h.example>:" + stops + setting_saved),
         Visit({{"DDNS Enable", "0"}}, "1:Enable):" + stops + setting_saved, "ddns_enable=0")});
 }
@@ -64,20 +64,20 @@ const Item system_setting = {"Tools", "System Setting"};
 TEST(SystemTools, NestedMenuAndPing) {
   const Answers nothing = {{"]#", "2"}, {"]#", "abc"}, {"]#", "00"}, {"PING", ""}};
   const string shown = "\n[4830NT]#[4830NT]#[4830NT]#PING Destination : [4830NT]#";
-  hold(system_setting, Desk(), {Visit(nothing, shown), Visit(nothing + Answers{{"]#", "quit"}}, shown)});
+  hold(system_setting, FactoryDevice(), {Visit(nothing, shown), Visit(nothing + Answers{{"]#", "quit"}}, shown)});
   const std::map<int, string> told = {{0, "PING Success."}, {254, "Request timed out."}, {255, "Error: ping broken!"}};
   for (const auto& [status, result] : told) {
-    Desk desk;
-    desk.program_status["/bin/ping"] = status;
+    FactoryDevice device;
+    device.program_status["/bin/ping"] = status;
     const string ping = "{/bin/ping [ping] [-c] [1] [q;`reboot` -x\"]}" + result;
-    hold(system_setting, desk,
+    hold(system_setting, device,
          {Visit({{"]#", "0"}, {"PING", "q;`reboot` -x\""}}, "PING Destination : " + ping + "\n[4830NT]#")});
   }
 }
 
 TEST(SystemTools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
   const string question = "Factory Default Setting:\nSet defice configuration to Factory default setting? <yes>/<NO>";
-  hold(system_setting, Desk(), {Visit({{"]#", "01"}, {"<yes>/<NO>", "Yes"}}, question + menu_prompt)});
+  hold(system_setting, FactoryDevice(), {Visit({{"]#", "01"}, {"<yes>/<NO>", "Yes"}}, question + menu_prompt)});
   const string defaults = "/opt/webctrl/meta/metafile.dat.default", partition = "/dev/mtdblock/5";
   const string x(504, 'x'), menu = "\n[4830NT]#";
   const string done = "System reboot ...\n{sync}{sleep 1}{setsid /sbin/bbreboot [bbreboot]}Bye Bye!!\n";
@@ -94,12 +94,12 @@ TEST(SystemTools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
       {"a\n", "close " + partition, partition + ": Input/output error" + menu, "a\n"},
   };
   for (const auto& [content, failing, ending, written] : cases) {
-    Desk desk;
-    desk.files = {{defaults, content}, {partition, "old"}};
-    desk.failing = {failing};
-    const string seen = visit(desk, system_setting, {{"]#", "1"}, {"<yes>/<NO>", "yesterday"}});
+    FactoryDevice device;
+    device.files = {{defaults, content}, {partition, "old"}};
+    device.failing = {failing};
+    const string seen = visit(device, system_setting, {{"]#", "1"}, {"<yes>/<NO>", "yesterday"}});
     EXPECT_TRUE(seen.ends_with("<yes>/<NO>" + ending)) << content << failing << "\n" << seen;
-    EXPECT_EQ(desk.files[partition], written) << content << failing;
+    EXPECT_EQ(device.files[partition], written) << content << failing;
   }
 }
 

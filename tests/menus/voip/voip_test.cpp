@@ -174,24 +174,24 @@ TEST(PhoneBook, EachAction) {
   };
   hold(modify);
 
-  Desk desk = desk_of(modify);
-  hold(book.item, desk,
+  FactoryDevice device = device_of(modify);
+  hold(book.item, device,
        {Visit(act("1", {{"No=?", "7"}}), "No=?(0-49):\n" + save_and_tell_daemon + book.back,
               "phone_book[7].phone_number=\\x0000 phone_book[7].note="),
         Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + book.back),
         Visit(act("3"), "Action :\nPhone book\n" + book_rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n" +
                             book_rule + book_rule + book.back)});
   // Whoever else has a key loses it, free entries as well. A new entry needs no note.
-  desk.set("phone_book[0].note", "x").set("phone_book[7].dial_key", "3").set("phone_book[8].dial_key", "3");
-  hold(book.item, desk,
+  device.set("phone_book[0].note", "x").set("phone_book[7].dial_key", "3").set("phone_book[8].dial_key", "3");
+  hold(book.item, device,
        {Visit(act("", {{"SpeedDial Digit", "3"}, {"phone number", "5"}}), save_and_tell_daemon + book.back,
               "phone_book[0].dial_key=3 phone_book[0].phone_number=5 phone_book[0].note= phone_book[7].dial_key=10 "
               "phone_book[8].dial_key=10"),
         Visit(act("2", {{"No=?", "7"}}), save_and_tell_daemon + book.back, "phone_book[8].dial_key=10")});
   // Full, of texts without an end.
-  std::memset(&desk.settings.phone_book, 'x', sizeof desk.settings.phone_book);
+  std::memset(&device.settings.phone_book, 'x', sizeof device.settings.phone_book);
   const string last = "Phone number=" + string(128, 'x') + "\nnote:" + string(259, 'x') + "\n";
-  hold(book.item, desk,
+  hold(book.item, device,
        {Visit(act("0"), "Action :\nPhone book is full\n" + book.back),
         Visit(act("3"), "No.49 | DialKey=120 | " + last + book_rule + book_rule + book.back)});
 }
@@ -209,7 +209,7 @@ string list_shown(const string& title, const string& entries = "") {
 TEST(CallScreen, EachAction) {
   Dialogue add = screen.action("0");
   add.adding = true;
-  add.desk.set("call_screen[20].screen_list", "200");
+  add.device.set("call_screen[20].screen_list", "200");
   add.questions = {
       Question(fields.call_screen[2][1].screen_list, 2, which_list, number(0, 3), {.only = {"2"}, .marks_free = true}),
       Question(fields.call_screen[2][1].screen_type, 0, "input type(0: in, 1:out):", number(0, 9)),
@@ -217,7 +217,7 @@ TEST(CallScreen, EachAction) {
   };
   hold(add);
 
-  Desk full;
+  FactoryDevice full;
   full.settings.call_screen[2] = {};
   hold(screen.item, full,
        {Visit(act("", {{"Phone No.", "2"}, {"input type", "1"}, {"Phone Number", "5"}}),
@@ -231,12 +231,12 @@ TEST(CallScreen, EachAction) {
   };
   hold(modify);
 
-  Desk desk = desk_of(modify);
+  FactoryDevice device = device_of(modify);
   const string sevens(130, '7');  // without an end
-  desk.set("call_screen[10].screen_list", "0").set("call_screen[19].screen_list", "200");
-  desk.set("call_screen[13].screen_list", "1").set("call_screen[13].screen_number", sevens);
+  device.set("call_screen[10].screen_list", "0").set("call_screen[19].screen_list", "200");
+  device.set("call_screen[13].screen_list", "1").set("call_screen[13].screen_number", sevens);
   const string outgoing = "No.0 phone_number=\nNo.3 phone_number=" + sevens + "\nNo.9 phone_number=\n";
-  hold(screen.item, desk,
+  hold(screen.item, device,
        {Visit(act("2", {{"Phone No.", "1"}, {"List No:", "3"}}), save_and_tell_daemon + screen.back,
               "call_screen[13].screen_number=" + sevens.substr(0, 15)),
         Visit(act("1", {{"Phone No.", "1"}, {"List No:", "3"}}),

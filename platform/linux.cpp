@@ -255,7 +255,7 @@ int rewind_file(int descriptor) {
   return lseek(descriptor, 0, SEEK_SET) < 0 ? -errno : 0;
 }
 
-int close_file(int descriptor) {
+int close_descriptor(int descriptor) {
   return or_error(close(descriptor));
 }
 
@@ -274,8 +274,9 @@ int bind_udp_to_any(int socket) {
   return or_error(bind(socket, reinterpret_cast<const sockaddr*>(&local), sizeof local));
 }
 
-bool parse_address(const char* text, std::uint32_t& address) {
-  return inet_pton(AF_INET, text, &address) == 1;
+std::optional<std::uint32_t> parse_address(const char* text) {
+  std::uint32_t address = 0;
+  return inet_pton(AF_INET, text, &address) == 1 ? std::optional(address) : std::nullopt;
 }
 
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port) {
@@ -302,10 +303,6 @@ int wait_readable(int socket, int milliseconds) {
   }
   // Interrupted, it is for the caller to see how much of its time is left.
   return ready < 0 && errno == EINTR ? 1 : or_error(ready);
-}
-
-void close_socket(int socket) {
-  close(socket);
 }
 
 }  // namespace platform

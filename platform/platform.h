@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -110,15 +111,16 @@ int flush_file(int descriptor);
 // Back to the first byte. 0, or a negative errno value.
 int rewind_file(int descriptor);
 // 0, or the negative errno value with which the last write-back failed. Never call it twice.
-int close_file(int descriptor);
+int close_descriptor(int descriptor);  // of a file or a socket
 const char* error_text(int error);
 
 // ---- UDP ----
 
 // The descriptors' calls return 0 or more, or a negative errno value. Addresses hold the first octet in the
-// lowest-addressed byte; ports are in host order. False, with `address` as it was, when the text is no dotted
-// address.
-bool parse_address(const char* text, std::uint32_t& address);
+// lowest-addressed byte; ports are in host order.
+
+// Nothing when the text is no dotted address.
+std::optional<std::uint32_t> parse_address(const char* text);
 int open_udp_socket();
 int bind_udp_to_any(int socket);
 int connect_udp(int socket, std::uint32_t address, std::uint16_t port);
@@ -127,6 +129,5 @@ std::ptrdiff_t send_datagram(int socket, std::string_view bytes);
 std::ptrdiff_t receive_datagram(int socket, std::span<char> into);
 // 1 when it is worth a try to receive, 0 when the time ran out, negative errno on failure.
 int wait_readable(int socket, int milliseconds);
-void close_socket(int socket);
 
 }  // namespace platform

@@ -9,24 +9,23 @@ namespace shell {
 namespace {
 
 std::optional<Value> digit_of_line(const AnswerKind& kind) {
-  const int digit = kind.rest_ignored ? leading_digit() : single_digit();
-  return digit < 0 ? std::nullopt : std::optional(static_cast<Value>(digit));
+  return kind.rest_ignored ? leading_digit() : single_digit();
 }
 
 std::optional<Value> number_of_line(const AnswerKind& kind) {
   if (!kind.rest_ignored) {
     return whole_number(line_text());
   }
-  return leading_digit() < 0 ? std::nullopt : decimal_value(line_text());
+  return leading_digit() ? decimal_value(line_text()) : std::nullopt;
 }
 
 std::optional<Value> mac_of_line() {
-  config::Mac mac;
-  if (!parse_mac(line_text(), mac, ':')) {
+  const std::optional<config::Mac> mac = parse_mac(line_text(), ':');
+  if (!mac) {
     return std::nullopt;
   }
   Value value = 0;
-  std::memcpy(&value, &mac, sizeof mac);
+  std::memcpy(&value, &*mac, sizeof *mac);
   return value;
 }
 

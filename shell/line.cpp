@@ -83,13 +83,13 @@ bool line_is_q() {
   return length == 1 && line[0] == 'q';
 }
 
-int single_digit() {
-  return length == 1 ? leading_digit() : -1;
+std::optional<std::uint32_t> single_digit() {
+  return length == 1 ? leading_digit() : std::nullopt;
 }
 
-int leading_digit() {
+std::optional<std::uint32_t> leading_digit() {
   const bool is_digit = line[0] >= '0' && line[0] <= '9';
-  return is_digit ? line[0] - '0' : -1;
+  return is_digit ? std::optional(static_cast<std::uint32_t>(line[0] - '0')) : std::nullopt;
 }
 
 void reset_input() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -26,10 +28,10 @@ std::string_view typed_text();
 std::size_t line_length();
 // True for a line of one character, q.
 bool line_is_q();
-// The value of a line that is exactly one decimal digit, else -1.
-int single_digit();
-// The value of the decimal digit with which the line begins, else -1.
-int leading_digit();
+// The value of a line that is exactly one decimal digit; nothing for any other.
+std::optional<std::uint32_t> single_digit();
+// The value of the decimal digit with which the line begins; nothing when it begins with none.
+std::optional<std::uint32_t> leading_digit();
 
 // A session starts with nothing read.
 void reset_input();

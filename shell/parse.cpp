@@ -84,21 +84,21 @@ config::Ipv4 parse_ipv4(std::string_view text, char separator) {
   return address;
 }
 
-bool parse_mac(std::string_view text, config::Mac& mac, char separator) {
+std::optional<config::Mac> parse_mac(std::string_view text, char separator) {
   constexpr std::size_t length = 18;
-  mac = {};
   if (text.size() != length) {
-    return false;
+    return std::nullopt;
   }
   for (std::size_t i = 0; i < length - 1; ++i) {
     if (i % 3 == 2 ? text[i] != separator : hex_nibble(text[i]) == 255) {
-      return false;
+      return std::nullopt;
     }
   }
+  config::Mac mac;
   for (std::size_t i = 0; i < mac.byte.size(); ++i) {
     mac.byte[i] = hex_byte(text[3 * i], text[3 * i + 1]);
   }
-  return true;
+  return mac;
 }
 
 std::uint8_t hex_nibble(char digit) {

@@ -38,8 +38,8 @@ bool is_valid_netmask(config::Ipv4 mask);
 // failure, so that address itself is refused by every caller.
 config::Ipv4 parse_ipv4(std::string_view text, char separator);
 
-// Six two-digit hexadecimal pairs, 18 characters with the newline. `mac` is all zero on failure.
-bool parse_mac(std::string_view text, config::Mac& mac, char separator);
+// Six two-digit hexadecimal pairs, 18 characters with the newline. Nothing for any other text.
+std::optional<config::Mac> parse_mac(std::string_view text, char separator);
 
 // 0 to 15, or 255 for a character that is no hexadecimal digit.
 std::uint8_t hex_nibble(char digit);

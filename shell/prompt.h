@@ -1,4 +1,4 @@
-// Prompts as literals that are taken apart at compile time.
+// Prompts as literals that the compiler checks.
 //
 // A prompt is written with the conversions it shows: "Session Timer?<%d>(1~65535):". The type says which
 // value it shows; a literal that does not fit it does not compile. A "%d" before the value, as in "Phone %d
@@ -76,7 +76,7 @@ constexpr PromptParts take_apart(const char* prompt, Shows shows) {
   return {nullptr, first};
 }
 
-// A prompt that the compiler has taken apart.
+// A prompt that the compiler has checked.
 class PromptText {
  public:
   // Prints the prompt, without a newline: with its own number where it has one, and with the value that it

@@ -7,7 +7,7 @@
 #include "config/values.h"
 #include "menus/status/items.h"
 #include "menus/status/voice_daemon.h"
-#include "platform/platform.h"
+#include "platform/descriptor.h"
 #include "shell/output.h"
 
 namespace menus::status {
@@ -129,13 +129,8 @@ std::size_t receive_call_log(int daemon) {
 }
 
 std::span<const CallRecord> fetch_call_log() {
-  const int daemon = voice_daemon_open(voice_daemon_address, voice_daemon_port);
-  if (daemon < 0) {
-    return {};
-  }
-  const std::size_t received = receive_call_log(daemon);
-  platform::close_socket(daemon);
-  return std::span(call_records).first(received);
+  const platform::Descriptor daemon(voice_daemon_open(voice_daemon_address, voice_daemon_port));
+  return std::span(call_records).first(daemon.is_open() ? receive_call_log(daemon.number()) : 0);
 }
 
 void show_call(const CallRecord& record) {

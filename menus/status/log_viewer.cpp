@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "menus/status/items.h"
+#include "platform/descriptor.h"
 #include "platform/line_reader.h"
 #include "platform/platform.h"
 #include "shell/apply.h"
@@ -42,11 +43,9 @@ int open_snapshot() {
     return snapshot;
   }
   // The command would leave an empty snapshot behind, and that would be the log from then on.
-  const int log = platform::open_for_reading(system_log);
-  if (log < 0) {
-    return log;
+  if (!platform::Descriptor(platform::open_for_reading(system_log)).is_open()) {
+    return -1;
   }
-  platform::close_file(log);
   shell::run_command(snapshot_command);
   return open_existing_snapshot();
 }
@@ -94,23 +93,21 @@ bool next_page_wanted() {
 }  // namespace
 
 void log_viewer() {
-  const int snapshot = open_snapshot();
-  if (snapshot < 0) {
+  const platform::Descriptor snapshot(open_snapshot());
+  if (!snapshot.is_open()) {
     shell::put("can't read log file\n");
     return;
   }
-  const std::size_t entries = count_entries(snapshot);
+  const std::size_t entries = count_entries(snapshot.number());
   shell::put(rule);
   for (std::size_t shown = 0; shown < entries; ++shown) {
     if (shown > 0 && shown % page_length == 0 && !next_page_wanted()) {
-      platform::close_file(snapshot);
       shell::put("q:Exit\n");
       return;
     }
-    show_entry(snapshot, entries - shown);
+    show_entry(snapshot.number(), entries - shown);
   }
   shell::put(rule);
-  platform::close_file(snapshot);
   shell::put("haven't other log message\n\n\n");
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "config/values.h"
+#include "platform/descriptor.h"
 #include "platform/line_reader.h"
 #include "platform/platform.h"
 #include "shell/apply.h"
@@ -59,13 +60,12 @@ void show_interface_mac(const char* interface, const char* label) {
 // nothing more to show.
 bool ppp_link_is_up() {
   shell::run_command("/sbin/ifconfig | grep ppp0 > /tmp/ppp_test");
-  const int found = platform::open_for_reading("/tmp/ppp_test");
-  if (found < 0) {
+  const platform::Descriptor found(platform::open_for_reading("/tmp/ppp_test"));
+  if (!found.is_open()) {
     return false;
   }
   std::array<char, 254> buffer;
-  const std::string_view line = platform::LineReader(found).next(buffer);
-  platform::close_file(found);
+  const std::string_view line = platform::LineReader(found.number()).next(buffer);
   shell::put(line);
   shell::put("\n");
   const bool up = contains(line, "ppp0");
@@ -127,9 +127,9 @@ void show_interface_addresses(const char* interface, const char* label) {
 void show_dns_servers() {
   std::array<config::Text<100>, 5> servers{};
   std::size_t count = 0;
-  const int file = platform::open_for_reading("/etc/resolv.conf");
-  if (file >= 0) {
-    platform::LineReader lines(file);
+  const platform::Descriptor file(platform::open_for_reading("/etc/resolv.conf"));
+  if (file.is_open()) {
+    platform::LineReader lines(file.number());
     std::array<char, 99> buffer;
     std::string_view line;
     while (count < servers.size() && !(line = lines.next(buffer)).empty()) {
@@ -137,7 +137,6 @@ void show_dns_servers() {
         servers[count++].assign(behind(up_to(line, '\n'), "nameserver", 1));
       }
     }
-    platform::close_file(file);
   }
   shell::put("DNS 1 (Primary):", servers[0].view(), "\nDNS 2 (Secondary):", servers[1].view(),
              "\nOther DNS: ");

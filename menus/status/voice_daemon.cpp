@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/descriptor.h"
 #include "platform/platform.h"
 
 namespace menus::status {
@@ -39,23 +40,21 @@ int exchange(int daemon, std::span<const char* const> commands) {
 }  // namespace
 
 int voice_daemon_open(const char* address, std::uint16_t port) {
-  std::uint32_t word = 0;
-  if (!platform::parse_address(address, word)) {
+  const std::optional<std::uint32_t> word = platform::parse_address(address);
+  if (!word) {
     return -1;
   }
-  const int descriptor = platform::open_udp_socket();
-  if (descriptor < 0) {
+  platform::Descriptor socket(platform::open_udp_socket());
+  if (!socket.is_open()) {
     return -2;
   }
-  if (platform::bind_udp_to_any(descriptor) < 0) {
-    platform::close_socket(descriptor);
+  if (platform::bind_udp_to_any(socket.number()) < 0) {
     return -3;
   }
-  if (platform::connect_udp(descriptor, word, port) < 0) {
-    platform::close_socket(descriptor);
+  if (platform::connect_udp(socket.number(), *word, port) < 0) {
     return -4;
   }
-  return descriptor;
+  return socket.release();
 }
 
 int voice_daemon_send(int descriptor, std::string_view text) {
@@ -103,12 +102,11 @@ int split_fields(char* text, const char* separators, std::span<const char*> fiel
 
 int voice_daemon_query(std::span<const char* const> commands, std::span<const char*> fields) {
   std::fill(fields.begin(), fields.end(), nullptr);
-  const int daemon = voice_daemon_open(voice_daemon_address, voice_daemon_port);
-  if (daemon < 0) {
+  platform::Descriptor daemon(voice_daemon_open(voice_daemon_address, voice_daemon_port));
+  if (!daemon.is_open()) {
     return -1;
   }
-  const int result = exchange(daemon, commands);
-  platform::close_socket(daemon);
+  const int result = exchange(daemon.number(), commands);
   return result < 0 ? result : split_fields(exchange_buffer.data(), "\n", fields);
 }
 

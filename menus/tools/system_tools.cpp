@@ -6,6 +6,7 @@
 #include "config/firmware.h"
 #include "config/values.h"
 #include "menus/tools/items.h"
+#include "platform/descriptor.h"
 #include "platform/line_reader.h"
 #include "platform/platform.h"
 #include "shell/line.h"
@@ -64,20 +65,20 @@ bool copy_lines(int defaults, const char* path) {
     return reader.error() != 0 ? report_failure(path, reader.error())
                                : report_failure(path, "There are no settings in it");
   }
-  const int partition = platform::open_for_writing(config::settings_partition);
-  if (partition < 0) {
-    return report_failure(config::settings_partition, partition);
+  platform::Descriptor partition(platform::open_for_writing(config::settings_partition));
+  if (!partition.is_open()) {
+    return report_failure(config::settings_partition, partition.number());
   }
   int write_error = 0;
   for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
-    write_error = platform::write_all(partition, piece);
+    write_error = platform::write_all(partition.number(), piece);
   }
   // While another program has the partition open, closing it leaves the last erase block in the kernel's
   // memory, and so does sync().
   if (write_error == 0) {
-    write_error = platform::flush_file(partition);
+    write_error = platform::flush_file(partition.number());
   }
-  const int close_error = platform::close_file(partition);
+  const int close_error = partition.close();
   if (write_error != 0 || close_error != 0) {
     return report_failure(config::settings_partition, write_error != 0 ? write_error : close_error);
   }
@@ -86,13 +87,8 @@ bool copy_lines(int defaults, const char* path) {
 
 // On failure false, and one line has said which file and why.
 bool copy_factory_defaults(const char* path) {
-  const int defaults = platform::open_for_reading(path);
-  if (defaults < 0) {
-    return report_failure(path, defaults);
-  }
-  const bool copied = copy_lines(defaults, path);
-  platform::close_file(defaults);
-  return copied;
+  const platform::Descriptor defaults(platform::open_for_reading(path));
+  return defaults.is_open() ? copy_lines(defaults.number(), path) : report_failure(path, defaults.number());
 }
 
 // Does not return once the defaults are in the partition. The segment still holds the old settings, so

@@ -177,7 +177,7 @@ CommandStream open_command(const char* command) {
 }
 
 void close_command(CommandStream stream) {
-  close_file(stream.descriptor);
+  close_descriptor(stream.descriptor);
 }
 
 int run_program(const char* path, const char* const arguments[], Terminal terminal) {
@@ -228,7 +228,7 @@ int rewind_file(int descriptor) {
   return 0;
 }
 
-int close_file(int descriptor) {
+int close_descriptor(int descriptor) {
   const string path = open_files.at(descriptor).path;
   open_files.erase(descriptor);
   --current->open_descriptors;
@@ -247,8 +247,9 @@ int bind_udp_to_any(int /*socket*/) {
   return result("udp bind", EADDRINUSE);
 }
 
-bool parse_address(const char* text, std::uint32_t& address) {
-  return inet_pton(AF_INET, text, &address) == 1;
+std::optional<std::uint32_t> parse_address(const char* text) {
+  std::uint32_t address = 0;
+  return inet_pton(AF_INET, text, &address) == 1 ? std::optional(address) : std::nullopt;
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
@@ -285,10 +286,6 @@ int wait_readable(int /*socket*/, int milliseconds) {
     pass(static_cast<std::uint32_t>(milliseconds));
   }
   return ready;
-}
-
-void close_socket(int socket) {
-  close_file(socket);
 }
 
 }  // namespace platform

@@ -52,7 +52,7 @@ const std::vector<Workload>& workloads() {
        .closing = {"q", "q"},
        .errand = "save_and_restart_device",
        .errand_at = 21,
-       .repetitions = 8,
+       .repetitions = 20,
        .floor_goal = 1},
       {.name = "wan_refused",
        .label = "500 WAN dialogues, last answer refused",

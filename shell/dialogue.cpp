@@ -80,7 +80,7 @@ void Dialogue::answered(const Option& option, std::size_t typed) {
     put(option.kept_note);
   }
   if (policy_.asks_again && !option.no_empty_line) {
-    put("\n");
+    put('\n');
   }
 }
 

@@ -37,7 +37,7 @@ void Refusal::show() const {
   }
   if (*line_ != '\0') {
     put(line_);
-    put("\n");
+    put('\n');
   }
 }
 

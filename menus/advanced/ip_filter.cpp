@@ -7,9 +7,9 @@ namespace menus::advanced {
 namespace {
 
 void show(const config::IpFilter& rule) {
-  shell::put("|");
+  shell::put('|');
   show_ip_range(rule.start_ip, rule.end_ip);
-  shell::put("|");
+  shell::put('|');
   show_port_range(rule.start_port, rule.end_port);
   shell::put('|', protocol_name(rule.protocol), '|');
   show_schedule(rule.schedule);

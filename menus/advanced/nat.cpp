@@ -19,7 +19,7 @@ void show_nat(const config::NatSettings& nat) {
   if (nat.dmz_enable != 0) {
     shell::put("DMZ LAN IP:<", nat.dmz_ip, ">\n");
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 }  // namespace

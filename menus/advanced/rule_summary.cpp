@@ -24,7 +24,7 @@ void rule_summary() {
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   const std::uint32_t list = ask.pick_digit("\nSelect a list?(0~%d):", tables.size());
   if (!ask.ended()) {
-    shell::put("\n");
+    shell::put('\n');
     show_rules(*tables[list]);
   }
 }

@@ -17,7 +17,7 @@ bool is_free(const RuleTable& table, std::size_t index) {
 
 void show_header(const RuleTable& table) {
   if (table.master.field != nullptr) {
-    shell::put("\n");
+    shell::put('\n');
     show_switch_setting(table.master.label, shell::segment().*table.master.field);
   }
   shell::put(table.header);
@@ -63,13 +63,13 @@ void show_rules(const RuleTable& table) {
   for (std::size_t index = 0; index < table.count; ++index) {
     show_row(table, index);
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void show_rule(const RuleTable& table, std::size_t index) {
   show_header(table);
   show_row(table, index);
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void configure_rules(const RuleTable& table) {
@@ -122,7 +122,7 @@ void show_address(config::Ipv4 address) {
 
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
   show_address(start);
-  shell::put("-");
+  shell::put('-');
   show_address(end);
 }
 

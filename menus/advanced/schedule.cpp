@@ -46,7 +46,7 @@ void show_schedule(const config::Schedule& schedule) {
   const DayRun days = week_mask_bounds(schedule.week_mask);
   shell::put("By Schedule,");
   show_time(schedule.start_hour, schedule.start_minute);
-  shell::put("-");
+  shell::put('-');
   show_time(schedule.end_hour, schedule.end_minute);
   shell::put(',', day_abbreviation(days.start_day), '-', day_abbreviation(days.end_day), '\n');
 }

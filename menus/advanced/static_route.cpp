@@ -12,11 +12,11 @@ constexpr config::Ipv4 host_netmask{{255, 255, 255, 255}};
 void show(const config::StaticRoute& route) {
   shell::put('|', route.route_type != 0 ? "Host" : "Net ", " |");
   show_address(route.route_target);
-  shell::put("|");
+  shell::put('|');
   show_address(route.route_netmask);
-  shell::put("|");
+  shell::put('|');
   show_address(route.route_gateway);
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {

@@ -11,11 +11,11 @@ namespace {
 using config::StringFilter;
 
 void show(const StringFilter& rule) {
-  shell::put("|");
+  shell::put('|');
   show_ip_range(rule.start_ip, rule.end_ip);
-  shell::put("|");
+  shell::put('|');
   shell::put(rule.filter_string.view());
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void ask_clients(shell::Dialogue& ask, StringFilter& rule) {

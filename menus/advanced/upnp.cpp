@@ -8,7 +8,7 @@ namespace menus::advanced {
 void upnp_setting() {
   config::ConfigurationSegment& settings = shell::segment();
   show_switch_setting("UPNP Enable", settings.upnp_enable);
-  shell::put("\n");
+  shell::put('\n');
   shell::show_message(shell::Message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);

@@ -7,7 +7,7 @@ namespace menus::advanced {
 namespace {
 
 void show(const config::VirtualServer& rule) {
-  shell::put("|");
+  shell::put('|');
   show_address(rule.private_ip);
   shell::put('|', protocol_name(rule.protocol), "    |", shell::Number(rule.private_port, 7), '|',
              shell::Number(rule.public_port, 6), '|');

@@ -124,7 +124,7 @@ void show_static_dhcp() {
       show_static_dhcp(i);
     }
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void ask_client(Dialogue& ask, StaticDhcpClient& client) {

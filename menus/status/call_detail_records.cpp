@@ -157,7 +157,7 @@ void show_call(const CallRecord& record) {
 void call_detail_records() {
   shell::flush_output();
   const std::span<const CallRecord> calls = fetch_call_log();
-  shell::put("\n");
+  shell::put('\n');
   for (const CallRecord& record : calls) {
     show_call(record);
   }

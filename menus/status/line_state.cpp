@@ -53,7 +53,7 @@ void show_states(std::span<const char* const> fields) {
     shell::put(separator, shell::Cell{state != nullptr ? state : "", 19});
     separator = "|";
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 // A row of the packet table: what is sent, received and lost in total, each beside the current count.
@@ -64,7 +64,7 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
     shell::put('|', shell::Number(field_number(*total), 9), '|',
                shell::Number(field_number(total[period_length]), 9));
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 }  // namespace
@@ -97,7 +97,7 @@ void line_state() {
   shell::put(separator);
   show_counters("  2  |   0   ", fields, 2);
   show_counters("     |   1   ", fields, 3);
-  shell::put("\n");
+  shell::put('\n');
 }
 
 }  // namespace menus::status

@@ -67,7 +67,7 @@ bool ppp_link_is_up() {
   std::array<char, 254> buffer;
   const std::string_view line = platform::LineReader(found.number()).next(buffer);
   shell::put(line);
-  shell::put("\n");
+  shell::put('\n');
   const bool up = contains(line, "ppp0");
   if (!up) {
     shell::put("WAN is disconnection!\n");
@@ -90,7 +90,7 @@ void show_up_time() {
     shell::put(nothing_found);
   } else if (contains(line, ",")) {
     shell::put(behind(up_to(line, ','), "up", 1));
-    shell::put("\n");
+    shell::put('\n');
   }
 }
 
@@ -102,7 +102,7 @@ void show_default_gateway() {
   } while (!line.empty() && (!contains(line, "UG") || contains(line, "UGH")));
   const std::size_t flags = std::min(line.find("UG"), line.size());
   shell::put(line.substr(0, flags == 0 ? 0 : flags - 1));
-  shell::put("\n");
+  shell::put('\n');
 }
 
 void show_interface_addresses(const char* interface, const char* label) {
@@ -143,7 +143,7 @@ void show_dns_servers() {
   for (std::size_t i = 2; i < count; ++i) {
     shell::put(servers[i].view(), ',');
   }
-  shell::put("\n");
+  shell::put('\n');
 }
 
 }  // namespace menus::status

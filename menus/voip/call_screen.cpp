@@ -58,7 +58,7 @@ void call_screen_add() {
   if (!ask.commit()) {
     return;
   }
-  shell::put("\n");
+  shell::put('\n');
   auto& list = shell::segment().call_screen[list_number];
   const auto free_entry = std::find_if_not(list.begin(), list.end(), in_use);
   if (free_entry != list.end()) {
@@ -104,7 +104,7 @@ void call_screen_list() {
     ++number;
   }
   shell::put(rule);
-  shell::put("\n");
+  shell::put('\n');
 }
 
 }  // namespace

@@ -37,9 +37,11 @@ void put_columns(config::Ipv4 address, std::uint8_t columns);
 void put(config::Ipv4 address);
 void put(const config::Mac& mac);
 // One behind the other.
-template <typename... Parts>
-[[gnu::always_inline]] inline void put(const Parts&... parts) requires(sizeof...(parts) > 1) {
-  (put(parts), ...);
+template <typename First, typename Second, typename... More>
+[[gnu::always_inline]] inline void put(const First& first, const Second& second, const More&... more) {
+  put(first);
+  put(second);
+  (put(more), ...);
 }
 
 void flush_output();

@@ -74,12 +74,12 @@ void flush_output() {
 void put(std::string_view text) {
   while (text.size() > buffer.size() - filled) {
     const std::size_t taken = buffer.size() - filled;
-    std::copy_n(text.data(), taken, buffer.data() + filled);
+    text.copy(buffer.data() + filled, taken);
     filled = buffer.size();
     text.remove_prefix(taken);
     flush_output();
   }
-  std::copy_n(text.data(), text.size(), buffer.data() + filled);
+  text.copy(buffer.data() + filled, text.size());
   filled += text.size();
 }
 
@@ -97,9 +97,9 @@ void put(Number number) {
 }
 
 void put(const Cell& cell) {
-  const std::string_view text = cell.text.substr(0, cell.width);
-  char* const end = std::copy_n(text.data(), text.size(), room_for(cell.width));
-  filled_to(std::fill_n(end, cell.width - text.size(), ' '));
+  char* const at = room_for(cell.width);
+  const std::size_t length = cell.text.copy(at, cell.width);
+  filled_to(std::fill_n(at + length, cell.width - length, ' '));
 }
 
 void put_columns(config::Ipv4 address, std::uint8_t columns) {

@@ -68,7 +68,8 @@ constexpr char reasons[] =
 
 const char* reason_text(const CallRecord& record) {
   constexpr std::size_t code_length = 4;
-  for (const char* reason = reasons; *reason != '\0'; reason += std::strlen(reason) + 1) {
+  const char* const end = std::end(reasons) - 1;
+  for (const char* reason = reasons; reason != end; reason += std::strlen(reason) + 1) {
     if (record.reason.view() == std::string_view(reason, code_length)) {
       return reason + code_length + 1;
     }

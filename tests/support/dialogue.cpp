@@ -140,7 +140,7 @@ class Holding {
           kind.accepted.push_back({longer, reported});
         }
       }
-      departs.required = dialogue_.adding ? !departs.enter_stores && !departs.enter_keeps : departs.required;
+      departs.required = dialogue_.adding ? !departs.enter_stores : departs.required;
       if (departs.required) {
         kind.refused.emplace_back();
       }
@@ -216,7 +216,7 @@ class Holding {
       return;
     }
     FactoryDevice expected = device, visited = device;
-    typed_ = dialogue_.way_in;
+    typed_.clear();
     shown_ = replaced(dialogue_.opening, listed, list_);
     for (std::size_t row = 0; row < given.size(); ++row) {
       shown_ += ask(dialogue_.questions[row], expected);
@@ -231,8 +231,6 @@ class Holding {
       dialogue_.completed(expected.settings);
       shown_ += replaced(dialogue_.ending, listed, list_);
     }
-    shown_ += replaced(dialogue_.shown_on_the_way_out, listed, list_);
-    typed_ += dialogue_.way_out;
 
     const Place& last = dialogue_.questions[given.size() - (refuses ? 0 : 1)].place;
     const testing::ScopedTrace trace(last.file_name(), static_cast<int>(last.line()),
@@ -273,10 +271,9 @@ class Holding {
     if (question.field && stores) {
       expected.set(name_of(question), *stores);
     }
-    const bool differs = given == nullptr && departs.shown_behind_enter;
-    const string behind = differs ? *departs.shown_behind_enter : departs.shown_behind;
     typed_ += (given != nullptr ? given->typed : "") + "\n";
-    shown_ += replaced(with_value(behind, shown_value(question, expected.settings)), listed, list_);
+    shown_ += given == nullptr ? departs.shown_behind_enter : "";
+    shown_ += replaced(with_value(departs.shown_behind, shown_value(question, expected.settings)), listed, list_);
     shown_ += asks_again() && departs.shown_behind.empty() ? "\n" : "";
   }
 

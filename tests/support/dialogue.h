@@ -69,11 +69,10 @@ struct Departures {
   bool required = false;           // Enter is refused as well
   bool tame = false;               // the field is never wild: such a value is judged when it is kept
   std::string shown_behind = {};
-  std::optional<std::string> shown_behind_enter = {};  // the same, unless it is something else
+  std::string shown_behind_enter = {};  // before that
   // Of a new record:
   std::optional<std::string> enter_stores = {};
-  bool enter_keeps = false;  // what the slot holds
-  bool marks_free = false;   // what the field holds marks the slot as free
+  bool marks_free = false;  // what the field holds marks the slot as free
 };
 
 struct Stored {
@@ -127,8 +126,6 @@ struct Dialogue {
   FactoryDevice device = {};  // what is stored besides
 
   bool adding = false;  // a new record: prompts show zero, and require an answer
-  // Typed to get to the first question, and when the dialogue is over; what is shown then.
-  std::string way_in = {}, way_out = {}, shown_on_the_way_out = {};
   // What stands for `listed` in the texts, with the stored values and with wild ones.
   std::string list = {}, wild_list = {};
   // What is written besides the answers.

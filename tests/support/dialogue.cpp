@@ -16,16 +16,16 @@ config::ConfigurationSegment fields;
 
 static const string nul(1, '\0');
 
-NumberKind number(std::uint64_t low, std::uint64_t high) {
+Kind number(std::uint64_t low, std::uint64_t high) {
   const string lowest = std::to_string(low), highest = std::to_string(high);
   const string below = low > 0 ? std::to_string(low - 1) : "-1", above = std::to_string(high + 1);
   const string wraps_around = std::to_string((std::uint64_t{1} << 32) + low);
-  return {{{{lowest}, {highest}, {"0" + lowest, lowest}},
-           {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + nul, "x" + nul}}};
+  return {{{lowest}, {highest}, {"0" + lowest, lowest}},
+          {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + nul, "x" + nul}};
 }
 
-NumberKind one_of(const string& digits) {
-  NumberKind kind;
+Kind one_of(const string& digits) {
+  Kind kind;
   kind.is_choice = true;
   kind.refused = {"0" + digits.substr(0, 1), digits.substr(0, 1) + "x"};
   for (const char character : string("0123456789/:x")) {
@@ -38,37 +38,37 @@ NumberKind one_of(const string& digits) {
   return kind;
 }
 
-AddressKind ipv4() {
-  return {{{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
-           {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0256", "1.2.3.256", "1.2.3.x", "-1.2.3.4", "1.2.3.4" + nul}}};
+Kind ipv4() {
+  return {{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
+          {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0256", "1.2.3.256", "1.2.3.x", "-1.2.3.4", "1.2.3.4" + nul}};
 }
 
-AddressKind netmask() {
-  return {{{{"128.0.0.0"}, {"255.255.255.255"}, {"255.255.128.0"}},
-           {"0.0.0.0", "0.255.255.255", "255.254.128.0", "253.0.0.0", "255.255.0.255", "255.x"}}};
+Kind netmask() {
+  return {{{"128.0.0.0"}, {"255.255.255.255"}, {"255.255.128.0"}},
+          {"0.0.0.0", "0.255.255.255", "255.254.128.0", "253.0.0.0", "255.255.0.255", "255.x"}};
 }
 
-MacKind mac() {
-  return {{{{"00:11:22:AA:bb:cF", "00:11:22:aa:bb:cf"}, {"ff:FF:09:90:af:fa", "ff:ff:09:90:af:fa"}},
-           {"00-11-22-33-44-55", "0:11:22:33:44:55", "00:11:22:33:44:55:", "00:11:22:33:4:455", "00:11:22:33:44:5g",
-            "00:11:22:33:44:5G", "00:11:22:33:44:/5", "00:11:22:33:44:@5", "00:11:22:33:44:`5"}}};
+Kind mac() {
+  return {{{"00:11:22:AA:bb:cF", "00:11:22:aa:bb:cf"}, {"ff:FF:09:90:af:fa", "ff:ff:09:90:af:fa"}},
+          {"00-11-22-33-44-55", "0:11:22:33:44:55", "00:11:22:33:44:55:", "00:11:22:33:4:455", "00:11:22:33:44:5g",
+           "00:11:22:33:44:5G", "00:11:22:33:44:/5", "00:11:22:33:44:@5", "00:11:22:33:44:`5"}};
 }
 
 // Refused are those too long, by one character and by far, and empty ones once they are cut at their NUL.
-TextKind text(std::size_t longest) {
+Kind text(std::size_t longest) {
   const string most = "%n" + string(longest - 2, 't');
-  return {{.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), nul + "t"}, .is_free = true}};
+  return {.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), nul + "t"}, .is_free = true};
 }
 
-TextKind line(std::size_t longest) {
-  TextKind kind = text(longest);
+Kind line(std::size_t longest) {
+  Kind kind = text(longest);
   kind.with_line_feed = true;
   return kind;
 }
 
-TextKind digits(std::size_t longest) {
+Kind digits(std::size_t longest) {
   const string most(longest, '7');
-  return {{.accepted = {{"7"}, {most}}, .refused = {most + "7", string(511, '7'), nul + "7", "12a", "7" + nul}}};
+  return {.accepted = {{"7"}, {most}}, .refused = {most + "7", string(511, '7'), nul + "7", "12a", "7" + nul}};
 }
 
 // ---- Questions ----
@@ -228,7 +228,6 @@ class Holding {
       refuse(dialogue_.questions[given.size()], refused, expected);
       expected = device;  // nothing is to change
     } else {
-      dialogue_.completed(expected.settings);
       shown_ += replaced(dialogue_.ending, listed, list_);
     }
 

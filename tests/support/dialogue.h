@@ -11,7 +11,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <source_location>
@@ -41,19 +40,15 @@ struct Kind {
   bool is_free = false;    // any text
   bool with_line_feed = false;
 };
-struct NumberKind : Kind {};
-struct AddressKind : Kind {};
-struct MacKind : Kind {};
-struct TextKind : Kind {};
 
-NumberKind number(std::uint64_t low, std::uint64_t high);
-NumberKind one_of(const std::string& digits);
-AddressKind ipv4();
-AddressKind netmask();
-MacKind mac();
-TextKind text(std::size_t longest);
-TextKind line(std::size_t longest);  // stored with the line feed that ended it
-TextKind digits(std::size_t longest);
+Kind number(std::uint64_t low, std::uint64_t high);
+Kind one_of(const std::string& digits);
+Kind ipv4();
+Kind netmask();
+Kind mac();
+Kind text(std::size_t longest);
+Kind line(std::size_t longest);  // stored with the line feed that ended it
+Kind digits(std::size_t longest);
 
 // ---- Questions ----
 
@@ -128,8 +123,6 @@ struct Dialogue {
   bool adding = false;  // a new record: prompts show zero, and require an answer
   // What stands for `listed` in the texts, with the stored values and with wild ones.
   std::string list = {}, wild_list = {};
-  // What is written besides the answers.
-  std::function<void(config::ConfigurationSegment& answered)> completed = [](auto&) {};
 };
 inline const std::string listed = "<the list>";
 

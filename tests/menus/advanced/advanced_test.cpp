@@ -145,8 +145,8 @@ const string scheduled = "By Schedule,8:05-17:30,Fri-Mon\n", wild_scheduled = "B
 std::vector<Question> schedule(config::Schedule& stored, bool adding) {
   const string minutes = "(00,05,10,15,20,25,30,35,40,45,50,55):";
   // In a pass, each answer comes with the same one to the start day.
-  const NumberKind end_days = {
-      {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}}, {"7", "Mon", "-1", "0x", "6" + string(1, '\0')}}};
+  const Kind end_days = {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}},
+                         {"7", "Mon", "-1", "0x", "6" + string(1, '\0')}};
   const Strings no_step = {"7", "54", "56", "60"};
   return {
       Question(stored.schedule_mode, 1, "Schedule?<%d>(0:Always, 1:By Schedule):", one_of("01"), {.only = {"1"}}),

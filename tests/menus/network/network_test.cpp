@@ -45,7 +45,8 @@ Question mtu(std::int32_t& field, int stored, unsigned most, Place row = here())
 
 std::vector<Question> static_address(config::Ipv4& ip, config::Ipv4& mask, config::Ipv4& gateway,
                                      const string& ip_name) {
-  return {address(ip, "10.0.0.7", ip_name), Question(mask, "255.128.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask()),
+  return {Question(ip, "10.0.0.7", ip_name + "<%u.%u.%u.%u>:", ipv4(), {.only = {"10.0.0.7"}}),
+          Question(mask, "255.128.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask(), {.only = {"255.128.0.0"}}),
           address(gateway, "0.0.0.0", "Gateway?")};
 }
 
@@ -65,13 +66,11 @@ TEST(Wan, StaticAddress) {
   Dialogue dialogue =
       wan(0, std::vector{mtu(all.static_mtu, 1400, 1500)} +
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
-  dialogue.device.set("static_broadcast", "1.2.3.4").set("dns_mode", "1");
-  dialogue.completed = [](config::ConfigurationSegment& settings) {
-    config::WanSettings& wan = settings.wan;
-    wan.static_broadcast = wan.static_ip | ~wan.static_netmask;
-    wan.dns_mode = 0;
-  };
+  dialogue.device.set("static_broadcast", "10.127.255.255");
   hold(dialogue);
+  hold(wan_setting, device_of(dialogue).set("dns_mode", "1"),
+       {Visit({{"IP?", "10.0.3.1"}, {"Subnet Mask?", "255.255.0.0"}}, reboots,
+              "static_ip=10.0.3.1 static_netmask=255.255.0.0 static_broadcast=10.0.255.255 dns_mode=0")});
 }
 
 TEST(Wan, Dhcp) {
@@ -169,8 +168,8 @@ const string what_item = "What item do you want to configure? (0:DHCP SERVER Set
 TEST(Dhcp, Server) {
   auto& dhcp = fields.dhcp;
   const string in_lan = "(The IP must have same Netword ID with Lan IP):";
-  const AddressKind address_in_lan = {{{{"192.168.0.1"}, {"192.168.0.254"}}, {"192.168.1.200", "0.0.0.0", "x"}}};
-  NumberKind lease = one_of("0123456");
+  const Kind address_in_lan = {{{"192.168.0.1"}, {"192.168.0.254"}}, {"192.168.1.200", "0.0.0.0", "x"}};
+  Kind lease = one_of("0123456");
   lease.accepted = {{"0", "3600"}, {"1", "7200"}, {"2", "10800"}, {"4", "172800"}, {"5", "259200"}, {"6", "604800"}};
   Dialogue dialogue = {.item = dhcp_setting, .opening = "", .ending = restarts_dhcp};
   dialogue.list =
@@ -212,7 +211,7 @@ TEST(Dhcp, StaticClientIsEditedAndDeleted) {
       Question(
           "What item do you want to configure? (0-31):", number(0, 31),
           {.only = {"00"}, .refusal = wrong_choice, .also_refused = {"1"}, .required = true, .shown_behind = listed}),
-      Question("Del or Edit ? (0:Delete, 1:Edit):", NumberKind{{{{"1"}, {"1x"}}, {"2", "10", "x", "-1"}}},
+      Question("Del or Edit ? (0:Delete, 1:Edit):", Kind{{{"1"}, {"1x"}}, {"2", "10", "x", "-1"}},
                {.refusal = wrong_choice, .required = true, .shown_behind = keep_with_enter}),
       Question(client.enable, 1, "Enable this rule?<%d>(0:Disable, 1:Enable):", one_of("01"), {.tame = true}),
       Question(client.ip, "192.168.0.150", "IP?<%u.%u.%u.%u>:", ipv4(), {.refused_when_kept = {"0.0.0.0"}}),

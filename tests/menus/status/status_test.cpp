@@ -129,7 +129,7 @@ struct DaemonDesk : FactoryDevice {
   explicit DaemonDesk(const Strings& replies) {
     on_datagram = [replies](const string& /*request*/) { return replies; };
   }
-  string page(const Item& item) { return replaced(visit(*this, item, {}), "{udp 127...1:8118}", ""); }
+  string page(const Item& item) { return replaced(visit(*this, item, {}), "{udp 127.0.0.1:8118}", ""); }
 };
 
 TEST(VoiceDaemon, FailuresLeaveThePagesEmptyAndEndInTime) {

@@ -24,7 +24,7 @@ std::vector<Question> call_service_of_phone(std::size_t i) {
   const string options = "0:Restricted\n1:Allowd\n2:User Invovation Required\n";
   const string off_on = "?<%d>( 0:disable, 1:enable ):";
   // Above the range that is shown the low 16 bits are stored.
-  const NumberKind seconds = {{{{"0"}, {"65535"}, {"70000", "4464"}}, {"1a", "-1", "4294967296"}}};
+  const Kind seconds = {{{"0"}, {"65535"}, {"70000", "4464"}}, {"1a", "-1", "4294967296"}};
   return {
       Question(phone.Call_Transfer_Option, 1 + i,
                of_phone + "Call_Transfer_Option?\n" + options + "Call_Transfer_Option?<%d>:", number(0, 2)),
@@ -118,7 +118,7 @@ TEST(Voip, QosAndTos) {
   const string values =
       " 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n";
   // The number with which an answer begins counts, and 0 where there is none.
-  NumberKind tos;
+  Kind tos;
   tos.accepted = {{"0"}, {"16"}, {"Q", "0"}, {"2x", "2"}, {"+4", "4"}};
   tos.refused = {"1", "17", "-2", "5x", "4294967298"};
   const std::vector<Question> questions = {

@@ -1,5 +1,6 @@
 """The device on a whole emulated board: kernel, flash chip, serial line and Ethernet."""
 
+import concurrent.futures
 import os
 import pathlib
 import random
@@ -7,7 +8,6 @@ import re
 import socket
 import subprocess
 import sys
-import threading
 import time
 
 import pexpect
@@ -80,18 +80,15 @@ class Board(Desk):
 
     def cut_during(self, action):
         """What cuts of the power at random moments of an action would leave of the settings."""
-        left, over = [], threading.Event()
-
-        def cut():
-            while not over.wait(random.uniform(0, 0.05)):
+        left = []
+        with concurrent.futures.ThreadPoolExecutor() as pool:
+            acting = pool.submit(action)
+            while not acting.done():
+                time.sleep(random.uniform(0, 0.05))
                 self.emulator.suspend()
                 left.append(self.settings())
                 self.emulator.resume()
-        cutter = threading.Thread(target=cut)
-        cutter.start()
-        action()
-        over.set()
-        cutter.join()
+        acting.result()
         return left
 
 

@@ -22,7 +22,6 @@ struct OpenFile {
 };
 std::map<int, OpenFile> open_files;
 Strings datagrams;
-bool datagrams_have_arrived = false;
 
 // What was shown before a program is started, or the device waits, has to be out by then.
 void note(const string& event) {
@@ -259,12 +258,11 @@ int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
 std::ptrdiff_t send_datagram(int /*socket*/, std::string_view bytes) {
   current->requests.emplace_back(bytes);
   datagrams = current->on_datagram(string(bytes));
-  datagrams_have_arrived = false;  // until they are waited for
   return static_cast<std::ptrdiff_t>(bytes.size()) - (fails("udp send") ? 1 : 0);
 }
 
 std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
-  if (datagrams.empty() || !datagrams_have_arrived) {
+  if (datagrams.empty()) {
     return -EAGAIN;
   }
   string datagram = datagrams[0];
@@ -278,7 +276,6 @@ std::ptrdiff_t receive_datagram(int /*socket*/, std::span<char> into) {
 
 int wait_readable(int /*socket*/, int milliseconds) {
   const int ready = result("udp wait", EBADF, datagrams.empty() ? 0 : 1);
-  datagrams_have_arrived = true;
   if (ready == 0) {
     note("silence " + std::to_string(milliseconds));
     pass(static_cast<std::uint32_t>(milliseconds));

@@ -134,7 +134,7 @@ struct DaemonDesk : FactoryDevice {
 
 TEST(VoiceDaemon, FailuresLeaveThePagesEmptyAndEndInTime) {
   for (const string call : {"udp socket", "udp bind", "udp connect", "udp send", "udp wait"}) {
-    DaemonDesk state({"1"}), records({"1"});
+    DaemonDesk state({}), records({});
     state.failing = records.failing = {call};
     EXPECT_EQ(state.page(line_state) + records.page(call_records), "\n") << call;
   }

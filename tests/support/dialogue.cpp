@@ -314,8 +314,17 @@ void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit
     const string seen = visit(visited, item, told.answers);
     EXPECT_EQ(seen.substr(seen.size() - std::min(seen.size(), told.ending.size())), told.ending);
     std::istringstream changes(told.changes);
+    auto before = visited.written.begin();
     for (string change; changes >> change;) {
-      expected.set(change.substr(0, change.find('=')), change.substr(change.find('=') + 1));
+      const string name = change.substr(0, change.find('='));
+      expected.set(name, change.substr(name.size() + 1));
+      const auto field = config::find_field(name).value();
+      const auto written =
+          std::ranges::find(visited.written, config::field_bytes(*field.field, field.index, visited.settings).data());
+      if (written != visited.written.end()) {
+        EXPECT_GE(written - before, 0) << name << " is written too early";
+        before = written;
+      }
     }
     EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
   }

@@ -140,8 +140,9 @@ FactoryDevice device_of(const Dialogue& dialogue);
 // Told by their answers; Enter at every other question.
 struct Visit {
   Answers answers;
-  std::string ending;        // of what is shown
-  std::string changes = {};  // "name=value" of each element that is different then, \x20 for a blank in it
+  std::string ending;  // of what is shown
+  // "name=value" of each element that is different then, in the order of writing; \x20 for a blank in it.
+  std::string changes = {};
   Place place = here();
 };
 

@@ -331,7 +331,7 @@ TEST(RuleTables, Firewall) {
   const string rule = "firewall_rule_table[3].", no_ports = replaced("Xdst_port_start=0 Xdst_port_end=0", "X", rule);
   hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"Port End", "79"}}, ip_range_error),
-        Visit(to_switched_rule + Answers{{"Protocol?", "4"}}, restarts_filter, rule + "protocol=4 " + no_ports)});
+        Visit(to_switched_rule + Answers{{"Protocol?", "4"}}, restarts_filter, no_ports + " " + rule + "protocol=4")});
   device.set(rule + "action", "0").set(rule + "src_interface", "0");
   for (const auto& [protocol, name] : std::map<string, string>{{"3", "ICMP"}, {"4", "ALL "}, {"5", "    "}}) {
     Answers kept = to_switched_rule + Answers{{"Schedule?", ""}};

@@ -68,9 +68,23 @@ TEST(Wan, StaticAddress) {
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
   dialogue.device.set("static_broadcast", "10.127.255.255");
   hold(dialogue);
-  hold(wan_setting, device_of(dialogue).set("dns_mode", "1"),
-       {Visit({{"IP?", "10.0.3.1"}, {"Subnet Mask?", "255.255.0.0"}}, reboots,
-              "static_ip=10.0.3.1 static_netmask=255.255.0.0 static_broadcast=10.0.255.255 dns_mode=0")});
+  // What belongs to the type is written before the type, and DNS first.
+  hold(wan_setting, device_of(dialogue).set("wan_type", "1").set("dns_mode", "1"),
+       {Visit({{"WAN Type?", "0"},
+               {"Host Name?", "h"},
+               {"domain Name?", "d"},
+               {"MAC Type?", "0"},
+               {"Ping", "0"},
+               {"MTU?", "1500"},
+               {"IP?", "10.0.3.1"},
+               {"Subnet Mask?", "255.255.0.0"},
+               {"Gateway?", "10.0.0.1"},
+               {"Primary", "1.1.1.1"},
+               {"Secondary", "2.2.2.2"}},
+              reboots,
+              "dns_mode=0 secondary_dns=2.2.2.2 primary_dns=1.1.1.1 static_gateway=10.0.0.1 static_ip=10.0.3.1 "
+              "static_mtu=1500 static_netmask=255.255.0.0 static_broadcast=10.0.255.255 wan_type=0 host_name=h "
+              "domain_name=d wan_mac_type=0 wan_mac=00:00:00:00:00:00 wan_ping_enable=0")});
 }
 
 TEST(Wan, Dhcp) {
@@ -154,8 +168,9 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
   };
   hold(dialogue);
   hold(lan_setting, device_of(dialogue).set("dhcp_start_ip", "10.0.9.100"),
-       {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}}, "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
-              "lan_ip=10.0.3.1 lan_netmask=255.128.0.0 lan_broadcast=10.127.255.255 "
+       {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}, {"DNS PROXY", "0"}},
+              "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
+              "lan_netmask=255.128.0.0 lan_ip=10.0.3.1 lan_broadcast=10.127.255.255 dns_proxy_enable=0 "
               "dhcp_start_ip=10.0.3.100 dhcp_end_ip=10.0.3.200")});
 }
 
@@ -193,7 +208,8 @@ TEST(Dhcp, Server) {
   hold(dhcp_setting, device_of(dialogue), {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
   hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
        {Visit({server}, "DHCP IP Lease Time?<>:" + wrong_choice),
-        Visit({server, {"Lease Time?", "0"}}, stops_dhcp, "dhcp_lease_time=3600")});
+        Visit({server, {"Start IP?", "192.168.0.9"}, {"End IP?", "192.168.0.99"}, {"Lease Time?", "0"}}, stops_dhcp,
+              "dhcp_lease_time=3600 dhcp_start_ip=192.168.0.9 dhcp_end_ip=192.168.0.99")});
 }
 
 TEST(Dhcp, StaticClientIsEditedAndDeleted) {

@@ -74,13 +74,13 @@ TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {
 
 TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
   const string n31(31, 'n');
-  // Stored, typed.
-  for (const auto& [stored, typed] : std::map<string, string>{{"admin", "adminx"},
-                                                              {"Admin", "admin"},
-                                                              {"", ""},
-                                                              {"q", "q"},
-                                                              {n31, string(30, 'n')},
-                                                              {n31 + "x", n31 + "y"}}) {
+  // What is stored, and what is typed.
+  for (const auto& [stored, typed] : Answers{{"admin", "adminx"},
+                                             {"Admin", "admin"},
+                                             {"", ""},
+                                             {"q", "q"},
+                                             {n31, string(30, 'n')},
+                                             {n31 + "x", n31 + "y"}}) {
     const bool matches = stored.substr(0, 31) == typed.substr(0, 31);
     for (const bool name : {true, false}) {
       FactoryDevice device;

@@ -48,7 +48,6 @@ Kind netmask();
 Kind mac();
 Kind text(std::size_t longest);
 Kind line(std::size_t longest);  // stored with the line feed that ended it
-Kind digits(std::size_t longest);
 
 // ---- Questions ----
 

@@ -115,6 +115,19 @@ string end_of(const string& text, std::size_t length) {
   return text.substr(text.size() - std::min(text.size(), length));
 }
 
+FactoryDevice device_of(const Dialogue& dialogue) {
+  FactoryDevice device = dialogue.device;
+  for (const Question& question : dialogue.questions) {
+    const bool is_of_a_slot = dialogue.adding && question.field && !question.field->field->table.empty();
+    if (is_of_a_slot && !question.departs.marks_free) {
+      std::ranges::fill(bytes_of(question, device), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
+    } else if (question.field && !is_of_a_slot) {
+      device.set(name_of(question), question.stored);
+    }
+  }
+  return device;
+}
+
 // ---- The visits that follow from the rows ----
 
 class Holding {
@@ -146,7 +159,7 @@ class Holding {
     }
   }
 
-  void hold() {
+  FactoryDevice hold() {
     const FactoryDevice stored = device_of(dialogue_);
     answer_all(stored);
     refuse_all(stored);
@@ -157,6 +170,7 @@ class Holding {
         answer_all(wild(stored, byte));
       }
     }
+    return stored;
   }
 
  private:
@@ -285,21 +299,8 @@ class Holding {
 
 }  // namespace
 
-FactoryDevice device_of(const Dialogue& dialogue) {
-  FactoryDevice device = dialogue.device;
-  for (const Question& question : dialogue.questions) {
-    const bool is_of_a_slot = dialogue.adding && question.field && !question.field->field->table.empty();
-    if (is_of_a_slot && !question.departs.marks_free) {
-      std::ranges::fill(bytes_of(question, device), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
-    } else if (question.field && !is_of_a_slot) {
-      device.set(name_of(question), question.stored);
-    }
-  }
-  return device;
-}
-
-void hold(const Dialogue& dialogue) {
-  Holding(dialogue).hold();
+FactoryDevice hold(const Dialogue& dialogue) {
+  return Holding(dialogue).hold();
 }
 
 void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit>& visits) {

@@ -127,12 +127,9 @@ inline const std::string listed = "<the list>";
 
 // All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole
 // transcript, and nothing changes. With each accepted answer over either: the whole transcript, and these
-// fields change and no other byte. With each refused answer behind accepted ones: the whole transcript, and
-// nothing is saved or changes.
-void hold(const Dialogue& dialogue);
-
-// The device on which a dialogue begins: its questions' fields hold what the rows say.
-FactoryDevice device_of(const Dialogue& dialogue);
+// fields change and no other byte. With each refused answer behind accepted ones: how it ends, and
+// nothing is saved or changes. Returns the device on which it begins: the fields hold what the rows say.
+FactoryDevice hold(const Dialogue& dialogue);
 
 // ---- Visits that follow from no row ----
 

@@ -37,9 +37,7 @@ TEST(Nat, SwitchesAndDmz) {
       Question(nat.dmz_ip, "10.1.2.9", "DMZ Lan IP<%u.%u.%u.%u>:", ipv4(),
                {.refusal = "DMZ Lan IP Error\n", .refused_when_kept = {"0.0.0.0"}, .tame = true}),
   };
-  hold(dialogue);
-
-  FactoryDevice device = device_of(dialogue);
+  FactoryDevice device = hold(dialogue);
   hold(dialogue.item, device,
        {Visit({{"NAT Enable?", "0"}}, "NAT Enable?<1>" + choices + stops_nat, "nat_enable=0"),
         Visit({{"DMZ Enable?", "0"}}, "DMZ Enable?<1>" + choices + restarts_filter, "dmz_enable=0 dmz_ip=0.0.0.0")});
@@ -53,9 +51,7 @@ TEST(Upnp, RunsWhileAddressesAreTranslated) {
   Dialogue dialogue = {.item = item("UPNP Setting"), .ending = stops, .list = "Disable", .wild_list = "Enable"};
   dialogue.opening = "UPNP Enable:<" + listed + ">\n\n" + keep_with_enter;
   dialogue.questions = {Question(fields.upnp_enable, 0, "UPNP Enable?<%d>(0:Disable, 1:Enable):", one_of("01"))};
-  hold(dialogue);
-
-  FactoryDevice device = device_of(dialogue);
+  FactoryDevice device = hold(dialogue);
   const string starts = save + silently("/etc/init.d/upnpd.sh start") + setting_saved;
   hold(dialogue.item, device.set("nat_enable", "1"), {Visit({{"UPNP Enable?", "1"}}, starts, "upnp_enable=1")});
   hold(dialogue.item, device.set("upnp_enable", "2"), {Visit({}, stops)});
@@ -114,9 +110,7 @@ const Answers to_switched_rule = Answers{{"Function?", "1"}} + to_rule;
 template <typename Record, typename Questions>
 FactoryDevice hold_rules(const Table& table, std::array<Record, 32>& records, const Questions& questions) {
   hold(rules(table, records[0].enable, true, questions(records[0], true)));
-  const Dialogue edited = rules(table, records[3].enable, false, questions(records[3], false));
-  hold(edited);
-  return device_of(edited);
+  return hold(rules(table, records[3].enable, false, questions(records[3], false)));
 }
 
 Question address(const string& name, config::Ipv4& field, const char* stored, Place row = here()) {

@@ -67,9 +67,8 @@ TEST(Wan, StaticAddress) {
       wan(0, std::vector{mtu(all.static_mtu, 1400, 1500)} +
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
   dialogue.device.set("static_broadcast", "10.127.255.255");
-  hold(dialogue);
   // What belongs to the type is written before the type, and DNS first.
-  hold(wan_setting, device_of(dialogue).set("wan_type", "1").set("dns_mode", "1"),
+  hold(wan_setting, hold(dialogue).set("wan_type", "1").set("dns_mode", "1"),
        {Visit({{"WAN Type?", "0"},
                {"Host Name?", "h"},
                {"domain Name?", "d"},
@@ -89,12 +88,11 @@ TEST(Wan, StaticAddress) {
 
 TEST(Wan, Dhcp) {
   const Dialogue dialogue = wan(1, std::vector{mtu(fields.wan.dhcp_mtu, 0, 1500)} + dns());
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue), {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
-  hold(wan_setting, device_of(dialogue).set("dns_mode", "2"),
-       {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
+  FactoryDevice device = hold(dialogue);
+  hold(wan_setting, device, {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
+  hold(wan_setting, device.set("dns_mode", "2"), {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
   // The MAC address of another type than 1 is cleared, and an unknown type of connection has no more questions.
-  hold(wan_setting, device_of(dialogue).set("wan_mac_type", "2").set("wan_type", "6"),
+  hold(wan_setting, device.set("wan_mac_type", "2").set("wan_type", "6"),
        {Visit({{"MAC Type?<2>", ""}, {"Ping form WAN?", ""}}, "1:Enable):" + reboots, "wan_mac=00:00:00:00:00:00")});
 }
 
@@ -113,8 +111,7 @@ TEST(Wan, Pppoe) {
                          name(all.pppoe_service_name, "s", "PPPoE Service Name"), type,
                          address(all.pppoe_static_ip, "1.2.3.4", "Static PPPoE IP?")} +
                  dialling(all.pppoe_connect_type, all.pppoe_max_idle_time));
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue),
+  hold(wan_setting, hold(dialogue),
        {Visit({{"PPPoE Type?", "2"}, {"Connect Type?", ""}}, reboots, "pppoe_type=2 pppoe_static_ip=0.0.0.0")});
 }
 
@@ -128,8 +125,7 @@ void hold_tunnel(int wan_type, const string& kind, const string& prefix, std::in
                                                           name(own.account, "a", kind + " Account"),
                                                           name(own.password, "p", kind + " Password")} +
                                               dialling(own.connect_type, own.max_idle_time));
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
+  hold(wan_setting, hold(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
        {Visit({}, reboots, replaced("X_static_ip=0.0.0.0 X_netmask=0.0.0.0 X_gateway=0.0.0.0", "X", prefix))});
 }
 
@@ -166,8 +162,7 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
       Question(lan.dns_proxy_enable, 1, "DNS PROXY Enable?<%d>(0:disable,1:enable):", one_of("0123456789"),
                {.refusal = "Lan DNS PROXY Setting Error\n"}),
   };
-  hold(dialogue);
-  hold(lan_setting, device_of(dialogue).set("dhcp_start_ip", "10.0.9.100"),
+  hold(lan_setting, hold(dialogue).set("dhcp_start_ip", "10.0.9.100"),
        {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}, {"DNS PROXY", "0"}},
               "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
               "lan_netmask=255.128.0.0 lan_ip=10.0.3.1 lan_broadcast=10.127.255.255 dns_proxy_enable=0 "
@@ -202,11 +197,10 @@ TEST(Dhcp, Server) {
           {.tame = true, .shown_behind = "0:1 Hour\n1:2 Hours\n2:3 Hours\n3:1 Day\n4:2 Days\n5:3 Days\n6:1 Week\n"}),
       Question(dhcp.dhcp_lease_time, 86400, "DHCP IP Lease Time?<1 Day>:", lease, {.tame = true}),
   };
-  hold(dialogue);
-
+  FactoryDevice device = hold(dialogue);
   const Answer server = {"What item", "0"};
-  hold(dhcp_setting, device_of(dialogue), {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
-  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
+  hold(dhcp_setting, device, {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
+  hold(dhcp_setting, device.set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
        {Visit({server}, "DHCP IP Lease Time?<>:" + wrong_choice),
         Visit({server, {"Start IP?", "192.168.0.9"}, {"End IP?", "192.168.0.99"}, {"Lease Time?", "0"}}, stops_dhcp,
               "dhcp_lease_time=3600 dhcp_start_ip=192.168.0.9 dhcp_end_ip=192.168.0.99")});
@@ -234,8 +228,7 @@ TEST(Dhcp, StaticClientIsEditedAndDeleted) {
       Question(client.mac, "00:11:22:aa:bb:cc", "MAC?<%02x:%02x:%02x:%02x:%02x:%02x>:", mac()),
       Question(client.description, "nas", "Description?<%s>:", text(31)),
   };
-  hold(dialogue);
-  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "0"),
+  hold(dhcp_setting, hold(dialogue).set("dhcp_server_enable", "0"),
        {Visit({{"What item", "1"}, {"Add new", "1"}, {"What item", "0"}, {"Del or Edit", "0x"}},
               "1:Edit):" + stops_dhcp, "static_dhcp_table[0].enable=255")});
 }

@@ -50,8 +50,7 @@ TEST(Ddns, IsRestartedOrStopped) {
       Question(fields.ddns.ddns_host, "h.example", "Host?<%s>:", text(127)),
   };
   dialogue.ending = stops + silently("/etc/init.d/ddns.sh start") + setting_saved;
-  hold(dialogue);
-  hold(dialogue.item, device_of(dialogue).set("ddns_enable", "2"),
+  hold(dialogue.item, hold(dialogue).set("ddns_enable", "2"),
        {Visit({}, "Host?<h.example>:" + stops + setting_saved),
         Visit({{"DDNS Enable", "0"}}, "1:Enable):" + stops + setting_saved, "ddns_enable=0")});
 }

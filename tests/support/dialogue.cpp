@@ -10,8 +10,6 @@ namespace tests {
 
 using std::string;
 
-config::ConfigurationSegment fields;
-
 // ---- Kinds of answer ----
 
 static const string nul(1, '\0');

@@ -24,7 +24,7 @@
 namespace tests {
 
 // Its members name the fields of the segment.
-extern config::ConfigurationSegment fields;
+inline config::ConfigurationSegment fields;
 
 // ---- Kinds of answer, with what they accept and refuse ----
 

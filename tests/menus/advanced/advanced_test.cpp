@@ -250,34 +250,27 @@ TEST(RuleTables, IpFilters) {
         Visit(to_switched_rule + Answers{{"Start Port", "201"}}, ip_range_error)});
 }
 
-FactoryDevice hold_string_filters(const string& kind, std::uint8_t& master,
-                                  std::array<config::StringFilter, 32>& filters, const string& shown) {
-  const Table table = {.item = item(kind),
-                       .row = "     |" + range + "|www.%s\n",
-                       .wild_row = "     |" + any_range + "|" + string(256, '\xff') + "\n",
-                       .master = &master};
-  return hold_rules(table, filters, [&](auto& rule, bool adding) {
-    const string prompt = kind + " String?" + (adding ? "" : shown) + "(MAX Character:255):";
-    return clients(rule.start_ip, rule.end_ip) + std::vector{Question(rule.filter_string, "www.%s", prompt, text(255))};
-  });
-}
-
-TEST(RuleTables, UrlFilters) {
-  FactoryDevice device = hold_string_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
-  // All newlines of the text are cut at once, but not before it is shown.
-  device.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac");
-  hold(item("URL Filter"), device,
+TEST(RuleTables, UrlAndDomainFilters) {
+  const auto hold_filters = [](const string& kind, std::uint8_t& master, auto& filters, const string& shown) {
+    const Table table = {.item = item(kind),
+                         .row = "     |" + range + "|www.%s\n",
+                         .wild_row = "     |" + any_range + "|" + string(256, '\xff') + "\n",
+                         .master = &master};
+    return hold_rules(table, filters, [&](auto& rule, bool adding) {
+      const string asked = kind + " String?" + (adding ? "" : shown) + "(MAX Character:255):";
+      return clients(rule.start_ip, rule.end_ip) +
+             std::vector{Question(rule.filter_string, "www.%s", asked, text(255))};
+    });
+  };
+  FactoryDevice url = hold_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
+  FactoryDevice domain = hold_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
+  // All newlines of a URL are cut at once, but not before it is shown; a domain is neither shown nor cut.
+  hold(item("URL Filter"), url.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac"),
        {Visit(to_switched_rule + Answers{{"String?<a>", string(256, 't')}}, illegal_value,
               "url_filter_table[3].filter_string=a\\x00b\\x00c"),
         Visit(to_switched_rule + Answers{{"End IP?", "x"}}, illegal_value)});
-}
-
-TEST(RuleTables, DomainFilters) {
-  FactoryDevice device =
-      hold_string_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
-  // The stored text is neither shown nor cut.
-  device.set("domain_filter_table[3].filter_string", "a\\x0ab");
-  hold(item("Domain Filter"), device, {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
+  hold(item("Domain Filter"), domain.set("domain_filter_table[3].filter_string", "a\\x0ab"),
+       {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
 }
 
 // A rule behind its action: schedule, and a table of source and destination.

@@ -34,7 +34,7 @@ TEST(Sip, Basic) {
                {.too_long = TooLong::empties}),
   };
   hold(basic_setting, hold(dialogue),
-       {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
+       {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):Port Range Error!!\n\n"),
         Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000")});
 }
 

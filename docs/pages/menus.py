@@ -254,6 +254,13 @@ def refusals(question):
     return "<br>".join(dict.fromkeys(found))
 
 
+def shortened(screen):
+    """Of a long screen, its beginning, and behind that the lines that are new."""
+    lines = screen.split("\n")
+    begin = lines if len(lines) < 100 else lines[:20]
+    return "\n".join(begin + [line for line in dict.fromkeys(lines[len(begin):]) if line not in begin])
+
+
 def links(names):
     return ", ".join("[`{}`](segment-map.md#{})".format(name, re.sub(r"\[[0-9]+\]", "", name)) for name in names)
 
@@ -262,8 +269,7 @@ def print_item(way, label):
     dialogue = Dialogue(way)
     seen, answers, _ = dialogue.completed(())
     print(f"\n### {label}\n\n```text")
-    for shown, answer in zip(seen["shown"], [*answers, ""]):
-        print(text_of(shown) + answer)
+    print(shortened("\n".join(text_of(shown) + answer for shown, answer in zip(seen["shown"], [*answers, ""]))))
     print("```")
     dialogue.explore()
     rows, endings = dialogue.asked, dialogue.endings
@@ -300,7 +306,8 @@ answered with Enter, or with something small where Enter is refused; then what e
 rest, which [field](segment-map.md) it sets, and what is done in the end.
 
 A refused answer *ends* the dialogue with nothing changed, or the console *asks again*, or it *goes on* with the next
-question. `<>` stands for the value that is shown. Words of the telephone trade are [explained below](#words).
+question. `<>` stands for the value that is shown. Of a long list the first entries are whole, and of the others only what
+is new is shown. Words of the telephone trade are [explained below](#words).
 
 This page is printed by `docs/pages/print`, which asks the console itself; `./test` fails when it is stale."""
 GLOSSARY = """

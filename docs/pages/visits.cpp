@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "config/field_table.h"
@@ -23,7 +25,44 @@ using config::ConfigurationSegment;
 using std::string;
 using Strings = std::vector<string>;
 
-// What the device's tools say, for the status pages.
+// A call for each reason that it may have ended for, and one for a reason that the console does not know.
+Strings call_log() {
+  Strings records;
+  for (const auto& [first, last] : {std::pair{0x1000, 0x101b}, std::pair{0x2000, 0x2007}}) {
+    for (int reason = first; reason <= last; ++reason) {
+      char record[100];
+      std::snprintf(record, sizeof record, "%d|5550%x|20100315090%d05|0|2010031509%d010|%x|%d|%d", reason % 3,
+                    reason, reason % 3, reason % 3 + 1, reason, reason % 60, reason % 2);
+      records.emplace_back(record);
+    }
+  }
+  records.insert(records.begin(), std::to_string(records.size()));
+  return records;
+}
+
+// What the voice daemon sends to a request. A counter's last two digits are its phone and channel.
+Strings voice_daemon(const string& request) {
+  static const std::map<string, string> answers = {
+      {"get epstate 0", "idle"},        {"get epstate 1", "talking"},     {"get epregstate 0", "registered"},
+      {"get epregstate 1", "disabled"}, {"get rtpstattotalsend", "72"},   {"get rtpstattotalrecv", "71"},
+      {"get rtpstattotallost", "1"},    {"get rtpstatcurrentsend", "32"}, {"get rtpstatcurrentrecv", "31"},
+      {"get rtpstatcurrentlost", ""},
+  };
+  if (request == "get calllog\n\n") {
+    return call_log();
+  }
+  string reply;
+  std::istringstream queries(request);
+  for (string query; std::getline(queries, query) && !query.empty();) {
+    const bool is_counter = query.starts_with("get rtpstat");
+    const auto answer = answers.find(is_counter ? query.substr(0, query.size() - 4) : query);
+    reply += answer == answers.end() ? "unknown" : answer->second;
+    reply += is_counter ? string{query[query.size() - 3], query.back()} + "\n" : "\n";
+  }
+  return {reply};
+}
+
+// What the device's tools and its voice daemon say, for the status pages.
 void play_tools(tests::Device& device) {
   device.command_output = {
       {"/bin/date", "Mon Mar 15 14:30:05 UTC 2010\n"},
@@ -39,6 +78,7 @@ void play_tools(tests::Device& device) {
   device.files = {{"/etc/resolv.conf", "nameserver 203.0.113.1\nnameserver 203.0.113.2\n"},
                   {"/tmp/messages.tmp", "Mar 15 14:29:58 web_server settings stored\n"},
                   {"/opt/webctrl/meta/metafile.dat.default", "host_name=NTX4830\n"}};
+  device.on_datagram = voice_daemon;
 }
 
 string quoted(const string& text) {

@@ -6,12 +6,16 @@ from desk import eventually
 
 
 def test_stored_rules_are_in_force_from_boot_until_they_are_deleted_and_useless_lines_are_told(desk):
-    desk.store("no_such_setting=1\nmac_filter_enable=200\nmac_filter_table[30].enable=200\n"
+    useless = ["enable=1", "sip=1", "sip_port[0]=1", "url_filter_table[32].enable=1", "url_filter_table[1x].enable=1",
+               "wan_type=256", "wan_type=-1", "wan_type=", "sip_port=5060,", "lan_ip=1.2.3", "lan_ip=1.2.3.4.5",
+               "wan_mac=1:2:3:4:5:100", "host_name=a\\x1", "host_name=\\qabc", "ddns_user_name=" + 33 * "n"]
+    desk.store("\n".join(useless) + "\nmac_filter_enable=200\nmac_filter_table[30].enable=200\n"
                "mac_filter_table[31].enable=1\nmac_filter_table[31].schedule_mode=9\n"
                "mac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n")
     child = desk.spawn("./run")
     child.expect("./run --log names their lines.*Username:")
-    desk.wait_for_log("web_server: /dev/mtdblock/5, line 1 names no setting")
+    told = re.findall(r"web_server: /dev/mtdblock/5, line (\d+) .*skipped", desk.wait_for_log(f"line {len(useless)} "))
+    assert told == [str(number + 1) for number in range(len(useless))]
     assert desk.shell("cat /var/run/filter.rules") == "MAC filter 31: 00:00:00:00:00:00, 0:00-0:00 on Wed Sat\n"
     child.log_in().visit("Advanced Network Setting", "MAC Filter", {
         "Enable MAC Filter Function?": "1", "Add new rule": "1", "What item": "31", "Del or Edit": "0"})

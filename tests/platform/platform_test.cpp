@@ -3,6 +3,8 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/shm.h>
 #include <sys/wait.h>
 
 #include <csignal>
@@ -113,6 +115,24 @@ TEST(Platform, TimeIsThatOfTheClockAndTheZoneInForce) {
     std::tm shown{at.second, at.minute, at.hour, at.day, at.month - 1, at.year - 1900, 0, 0, 0, 0, nullptr};
     EXPECT_NEAR(static_cast<double>(std::mktime(&shown)), static_cast<double>(began) / 1000, 300);
   }
+}
+
+// The last test: it stays among segments of its own, of which the first has number 0.
+TEST(Platform, SegmentsAreSharedByTheirKey) {
+  if (unshare(CLONE_NEWIPC) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWIPC) != 0) {
+    GTEST_SKIP() << "Segments that others use are left alone.";
+  }
+  const Attachment one = attach_segment(1234, 100), other = attach_segment(1234, 100);
+  ASSERT_TRUE(one.outcome == Attachment::Outcome::attached && one.error == 0 && one.memory != other.memory);
+  write_shared(one.memory, "text");
+  EXPECT_STREQ(static_cast<char*>(other.memory), "text");
+  const Attachment larger = attach_segment(1234, 101);
+  EXPECT_TRUE(larger.outcome == Attachment::Outcome::not_opened && larger.error == EINVAL && larger.memory == nullptr);
+  detach_segment(one.memory);
+  shmid_ds status;
+  ASSERT_EQ(shmctl(0, IPC_STAT, &status), 0);
+  EXPECT_EQ(status.shm_nattch, 1U);
+  EXPECT_EQ(status.shm_perm.mode & 0777, 0666U);
 }
 
 }  // namespace

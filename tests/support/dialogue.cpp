@@ -10,22 +10,20 @@ namespace tests {
 
 using std::string;
 
-config::ConfigurationSegment fields;
-
 // ---- Kinds of answer ----
 
 static const string nul(1, '\0');
 
-NumberKind number(std::uint64_t low, std::uint64_t high) {
+Kind number(std::uint64_t low, std::uint64_t high) {
   const string lowest = std::to_string(low), highest = std::to_string(high);
   const string below = low > 0 ? std::to_string(low - 1) : "-1", above = std::to_string(high + 1);
   const string wraps_around = std::to_string((std::uint64_t{1} << 32) + low);
-  return {{{{lowest}, {highest}, {"0" + lowest, lowest}},
-           {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + nul, "x" + nul}}};
+  return {{{lowest}, {highest}, {"0" + lowest, lowest}},
+          {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + nul, "x" + nul}};
 }
 
-NumberKind one_of(const string& digits) {
-  NumberKind kind;
+Kind one_of(const string& digits) {
+  Kind kind;
   kind.is_choice = true;
   kind.refused = {"0" + digits.substr(0, 1), digits.substr(0, 1) + "x"};
   for (const char character : string("0123456789/:x")) {
@@ -38,37 +36,32 @@ NumberKind one_of(const string& digits) {
   return kind;
 }
 
-AddressKind ipv4() {
-  return {{{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
-           {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0256", "1.2.3.256", "1.2.3.x", "-1.2.3.4", "1.2.3.4" + nul}}};
+Kind ipv4() {
+  return {{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
+          {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0256", "1.2.3.256", "1.2.3.x", "-1.2.3.4", "1.2.3.4" + nul}};
 }
 
-AddressKind netmask() {
-  return {{{{"128.0.0.0"}, {"255.255.255.255"}, {"255.255.128.0"}},
-           {"0.0.0.0", "0.255.255.255", "255.254.128.0", "253.0.0.0", "255.255.0.255", "255.x"}}};
+Kind netmask() {
+  return {{{"128.0.0.0"}, {"255.255.255.255"}, {"255.255.128.0"}},
+          {"0.0.0.0", "0.255.255.255", "255.254.128.0", "253.0.0.0", "255.255.0.255", "255.x"}};
 }
 
-MacKind mac() {
-  return {{{{"00:11:22:AA:bb:cF", "00:11:22:aa:bb:cf"}, {"ff:FF:09:90:af:fa", "ff:ff:09:90:af:fa"}},
-           {"00-11-22-33-44-55", "0:11:22:33:44:55", "00:11:22:33:44:55:", "00:11:22:33:4:455", "00:11:22:33:44:5g",
-            "00:11:22:33:44:5G", "00:11:22:33:44:/5", "00:11:22:33:44:@5", "00:11:22:33:44:`5"}}};
+Kind mac() {
+  return {{{"00:11:22:AA:bb:cF", "00:11:22:aa:bb:cf"}, {"ff:FF:09:90:af:fa", "ff:ff:09:90:af:fa"}},
+          {"00-11-22-33-44-55", "0:11:22:33:44:55", "00:11:22:33:44:55:", "00:11:22:33:4:455", "00:11:22:33:44:5g",
+           "00:11:22:33:44:5G", "00:11:22:33:44:/5", "00:11:22:33:44:@5", "00:11:22:33:44:`5"}};
 }
 
 // Refused are those too long, by one character and by far, and empty ones once they are cut at their NUL.
-TextKind text(std::size_t longest) {
+Kind text(std::size_t longest) {
   const string most = "%n" + string(longest - 2, 't');
-  return {{.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), nul + "t"}, .is_free = true}};
+  return {.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), nul + "t"}, .is_free = true};
 }
 
-TextKind line(std::size_t longest) {
-  TextKind kind = text(longest);
+Kind line(std::size_t longest) {
+  Kind kind = text(longest);
   kind.with_line_feed = true;
   return kind;
-}
-
-TextKind digits(std::size_t longest) {
-  const string most(longest, '7');
-  return {{.accepted = {{"7"}, {most}}, .refused = {most + "7", string(511, '7'), nul + "7", "12a", "7" + nul}}};
 }
 
 // ---- Questions ----
@@ -116,6 +109,23 @@ string with_value(string prompt, const string& value) {
   return prompt;
 }
 
+string end_of(const string& text, std::size_t length) {
+  return text.substr(text.size() - std::min(text.size(), length));
+}
+
+FactoryDevice device_of(const Dialogue& dialogue) {
+  FactoryDevice device = dialogue.device;
+  for (const Question& question : dialogue.questions) {
+    const bool is_of_a_slot = dialogue.adding && question.field && !question.field->field->table.empty();
+    if (is_of_a_slot && !question.departs.marks_free) {
+      std::ranges::fill(bytes_of(question, device), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
+    } else if (question.field && !is_of_a_slot) {
+      device.set(name_of(question), question.stored);
+    }
+  }
+  return device;
+}
+
 // ---- The visits that follow from the rows ----
 
 class Holding {
@@ -140,14 +150,14 @@ class Holding {
           kind.accepted.push_back({longer, reported});
         }
       }
-      departs.required = dialogue_.adding ? !departs.enter_stores && !departs.enter_keeps : departs.required;
+      departs.required = dialogue_.adding ? !departs.enter_stores : departs.required;
       if (departs.required) {
         kind.refused.emplace_back();
       }
     }
   }
 
-  void hold() {
+  FactoryDevice hold() {
     const FactoryDevice stored = device_of(dialogue_);
     answer_all(stored);
     refuse_all(stored);
@@ -158,6 +168,7 @@ class Holding {
         answer_all(wild(stored, byte));
       }
     }
+    return stored;
   }
 
  private:
@@ -216,33 +227,26 @@ class Holding {
       return;
     }
     FactoryDevice expected = device, visited = device;
-    typed_ = dialogue_.way_in;
+    typed_.clear();
     shown_ = replaced(dialogue_.opening, listed, list_);
     for (std::size_t row = 0; row < given.size(); ++row) {
       shown_ += ask(dialogue_.questions[row], expected);
       answer(dialogue_.questions[row], given[row], expected);
     }
     const bool refuses = given.size() < dialogue_.questions.size();
-    const std::size_t refusal = shown_.size();
     if (refuses) {
+      shown_.clear();  // the way there is that of the accepted answers
       refuse(dialogue_.questions[given.size()], refused, expected);
       expected = device;  // nothing is to change
     } else {
-      dialogue_.completed(expected.settings);
       shown_ += replaced(dialogue_.ending, listed, list_);
     }
-    shown_ += replaced(dialogue_.shown_on_the_way_out, listed, list_);
-    typed_ += dialogue_.way_out;
 
     const Place& last = dialogue_.questions[given.size() - (refuses ? 0 : 1)].place;
     const testing::ScopedTrace trace(last.file_name(), static_cast<int>(last.line()),
                                      dialogue_.item.label + ", typed:\n" + typed_);
     string seen = visit_typing(visited, dialogue_.item, typed_);
-    if (refuses && refused.empty()) {
-      // What may not be kept is shown before the question too, in one way or another: only what follows counts.
-      const std::size_t behind = std::min(seen.size(), shown_.size() - refusal);
-      seen = shown_.substr(0, refusal) + seen.substr(seen.size() - behind);
-    }
+    seen = refuses ? end_of(seen, shown_.size()) : seen;
     const auto same = static_cast<std::size_t>(std::ranges::mismatch(seen, shown_).in1 - seen.begin());
     EXPECT_EQ(seen.substr(same), shown_.substr(same)) << "behind:\n" << seen.substr(0, same);
     EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
@@ -273,10 +277,9 @@ class Holding {
     if (question.field && stores) {
       expected.set(name_of(question), *stores);
     }
-    const bool differs = given == nullptr && departs.shown_behind_enter;
-    const string behind = differs ? *departs.shown_behind_enter : departs.shown_behind;
     typed_ += (given != nullptr ? given->typed : "") + "\n";
-    shown_ += replaced(with_value(behind, shown_value(question, expected.settings)), listed, list_);
+    shown_ += given == nullptr ? departs.shown_behind_enter : "";
+    shown_ += replaced(with_value(departs.shown_behind, shown_value(question, expected.settings)), listed, list_);
     shown_ += asks_again() && departs.shown_behind.empty() ? "\n" : "";
   }
 
@@ -294,21 +297,8 @@ class Holding {
 
 }  // namespace
 
-FactoryDevice device_of(const Dialogue& dialogue) {
-  FactoryDevice device = dialogue.device;
-  for (const Question& question : dialogue.questions) {
-    const bool is_of_a_slot = dialogue.adding && question.field && !question.field->field->table.empty();
-    if (is_of_a_slot && !question.departs.marks_free) {
-      std::ranges::fill(bytes_of(question, device), std::uint8_t{0xEE});  // what a free slot holds is nobody's business
-    } else if (question.field && !is_of_a_slot) {
-      device.set(name_of(question), question.stored);
-    }
-  }
-  return device;
-}
-
-void hold(const Dialogue& dialogue) {
-  Holding(dialogue).hold();
+FactoryDevice hold(const Dialogue& dialogue) {
+  return Holding(dialogue).hold();
 }
 
 void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit>& visits) {
@@ -316,10 +306,19 @@ void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit
     FactoryDevice visited = device, expected = device;
     const testing::ScopedTrace trace(told.place.file_name(), static_cast<int>(told.place.line()), item.label);
     const string seen = visit(visited, item, told.answers);
-    EXPECT_EQ(seen.substr(seen.size() - std::min(seen.size(), told.ending.size())), told.ending);
+    EXPECT_EQ(end_of(seen, told.ending.size()), told.ending);
     std::istringstream changes(told.changes);
+    auto before = visited.written.begin();
     for (string change; changes >> change;) {
-      expected.set(change.substr(0, change.find('=')), change.substr(change.find('=') + 1));
+      const string name = change.substr(0, change.find('='));
+      expected.set(name, change.substr(name.size() + 1));
+      const auto field = config::find_field(name).value();
+      const auto written =
+          std::ranges::find(visited.written, config::field_bytes(*field.field, field.index, visited.settings).data());
+      if (written != visited.written.end()) {
+        EXPECT_GE(written - before, 0) << name << " is written too early";
+        before = written;
+      }
     }
     EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
   }

@@ -11,7 +11,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <source_location>
@@ -25,7 +24,7 @@
 namespace tests {
 
 // Its members name the fields of the segment.
-extern config::ConfigurationSegment fields;
+inline config::ConfigurationSegment fields;
 
 // ---- Kinds of answer, with what they accept and refuse ----
 
@@ -41,19 +40,14 @@ struct Kind {
   bool is_free = false;    // any text
   bool with_line_feed = false;
 };
-struct NumberKind : Kind {};
-struct AddressKind : Kind {};
-struct MacKind : Kind {};
-struct TextKind : Kind {};
 
-NumberKind number(std::uint64_t low, std::uint64_t high);
-NumberKind one_of(const std::string& digits);
-AddressKind ipv4();
-AddressKind netmask();
-MacKind mac();
-TextKind text(std::size_t longest);
-TextKind line(std::size_t longest);  // stored with the line feed that ended it
-TextKind digits(std::size_t longest);
+Kind number(std::uint64_t low, std::uint64_t high);
+Kind one_of(const std::string& digits);
+Kind ipv4();
+Kind netmask();
+Kind mac();
+Kind text(std::size_t longest);
+Kind line(std::size_t longest);  // stored with the line feed that ended it
 
 // ---- Questions ----
 
@@ -69,11 +63,10 @@ struct Departures {
   bool required = false;           // Enter is refused as well
   bool tame = false;               // the field is never wild: such a value is judged when it is kept
   std::string shown_behind = {};
-  std::optional<std::string> shown_behind_enter = {};  // the same, unless it is something else
+  std::string shown_behind_enter = {};  // before that
   // Of a new record:
   std::optional<std::string> enter_stores = {};
-  bool enter_keeps = false;  // what the slot holds
-  bool marks_free = false;   // what the field holds marks the slot as free
+  bool marks_free = false;  // what the field holds marks the slot as free
 };
 
 struct Stored {
@@ -127,31 +120,25 @@ struct Dialogue {
   FactoryDevice device = {};  // what is stored besides
 
   bool adding = false;  // a new record: prompts show zero, and require an answer
-  // Typed to get to the first question, and when the dialogue is over; what is shown then.
-  std::string way_in = {}, way_out = {}, shown_on_the_way_out = {};
   // What stands for `listed` in the texts, with the stored values and with wild ones.
   std::string list = {}, wild_list = {};
-  // What is written besides the answers.
-  std::function<void(config::ConfigurationSegment& answered)> completed = [](auto&) {};
 };
 inline const std::string listed = "<the list>";
 
 // All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole
 // transcript, and nothing changes. With each accepted answer over either: the whole transcript, and these
-// fields change and no other byte. With each refused answer behind accepted ones: the whole transcript, and
-// nothing is saved or changes.
-void hold(const Dialogue& dialogue);
-
-// The device on which a dialogue begins: its questions' fields hold what the rows say.
-FactoryDevice device_of(const Dialogue& dialogue);
+// fields change and no other byte. With each refused answer behind accepted ones: how it ends, and
+// nothing is saved or changes. Returns the device on which it begins: the fields hold what the rows say.
+FactoryDevice hold(const Dialogue& dialogue);
 
 // ---- Visits that follow from no row ----
 
 // Told by their answers; Enter at every other question.
 struct Visit {
   Answers answers;
-  std::string ending;        // of what is shown
-  std::string changes = {};  // "name=value" of each element that is different then, \x20 for a blank in it
+  std::string ending;  // of what is shown
+  // "name=value" of each element that is different then, in the order of writing; \x20 for a blank in it.
+  std::string changes = {};
   Place place = here();
 };
 

@@ -253,8 +253,7 @@ std::optional<std::uint32_t> parse_address(const char* text) {
 }
 
 int connect_udp(int /*socket*/, std::uint32_t address, std::uint16_t port) {
-  const string first = std::to_string(address & 255), last = std::to_string(address >> 24);
-  note("udp " + first + "..." + last + ":" + std::to_string(port));
+  note("udp " + string(inet_ntoa({address})) + ":" + std::to_string(port));
   return result("udp connect", ENETUNREACH);
 }
 

@@ -18,7 +18,6 @@ inline const std::string illegal_value = "Your input value is illegal!!\n\n";
 inline const std::string setting_saved = "Setting Save!!\n\n";
 inline const std::string ip_range_error = "IP Range Error!!\n\n";
 inline const std::string table_full = "No more space to creat new rule!!\n\n";
-inline const std::string port_range_error = "Port Range Error!!\n\n";
 inline const std::string menu_prompt = "[4830NT]#";
 inline const std::string save = "{uninterrupted /opt/httpd/sbin/web_server dumpshare}";
 inline const std::string save_and_tell_daemon = save + setting_saved + "{attach 1357}{voice change 1}";

@@ -16,23 +16,16 @@ Item item(const string& label) {
 
 // ---- NAT and UPnP ----
 
-const string stops_nat = save + silently("/etc/init.d/nat.sh stop") + setting_saved;
-
-// Every second switch on, or all of them.
-string nat_status(const string& others, const string& host) {
-  return "NAT Enable:<Enable>\nIPSec Pass Through Enable:<" + others +
-         ">\nPPTP Pass Through Enable:<Enable>\nL2TP Pass Through Enable:<" + others +
-         ">\nSIP ALG Through Enable:<Enable>\nNetMetting ALG Enable:<" + others +
-         ">\nDMZ Enable:<Enable>\nDMZ LAN IP:<" + host + ">\n";
-}
-
 TEST(Nat, SwitchesAndDmz) {
   auto& nat = fields.nat;
   const string choices = "(0:disable, 1:Enable):";
-  Dialogue dialogue = {.item = item("NAT Setting"), .ending = restarts_filter};
-  dialogue.opening = listed + "\n" + keep_with_enter;
-  dialogue.list = nat_status("Disable", "10.1.2.9");
-  dialogue.wild_list = nat_status("Enable", "255.255.255.255");
+  const string stops_nat = save + silently("/etc/init.d/nat.sh stop") + setting_saved;
+  Dialogue dialogue = {
+      .item = item("NAT Setting"), .ending = restarts_filter, .list = "Disable", .wild_list = "Enable"};
+  dialogue.opening = "NAT Enable:<Enable>\nIPSec Pass Through Enable:<" + listed +
+                     ">\nPPTP Pass Through Enable:<Enable>\nL2TP Pass Through Enable:<" + listed +
+                     ">\nSIP ALG Through Enable:<Enable>\nNetMetting ALG Enable:<" + listed +
+                     ">\nDMZ Enable:<Enable>\nDMZ LAN IP:<10.1.2.9>\n\n" + keep_with_enter;
   dialogue.questions = {
       Question(nat.nat_enable, 1, "NAT Enable?<%d>" + choices, one_of("01"), {.only = {"1"}}),
       Question(nat.ipsec_pass_through, 0, "IPSec Pass Through Enable?<%d>" + choices, one_of("01")),
@@ -42,11 +35,9 @@ TEST(Nat, SwitchesAndDmz) {
       Question(nat.netmeeting_alg, 0, "NetMeeting ALG Enable?<%d>" + choices, one_of("01")),
       Question(nat.dmz_enable, 1, "DMZ Enable?<%d>" + choices, one_of("01"), {.only = {"1"}}),
       Question(nat.dmz_ip, "10.1.2.9", "DMZ Lan IP<%u.%u.%u.%u>:", ipv4(),
-               {.refusal = "DMZ Lan IP Error\n", .refused_when_kept = {"0.0.0.0"}}),
+               {.refusal = "DMZ Lan IP Error\n", .refused_when_kept = {"0.0.0.0"}, .tame = true}),
   };
-  hold(dialogue);
-
-  FactoryDevice device = device_of(dialogue);
+  FactoryDevice device = hold(dialogue);
   hold(dialogue.item, device,
        {Visit({{"NAT Enable?", "0"}}, "NAT Enable?<1>" + choices + stops_nat, "nat_enable=0"),
         Visit({{"DMZ Enable?", "0"}}, "DMZ Enable?<1>" + choices + restarts_filter, "dmz_enable=0 dmz_ip=0.0.0.0")});
@@ -60,9 +51,7 @@ TEST(Upnp, RunsWhileAddressesAreTranslated) {
   Dialogue dialogue = {.item = item("UPNP Setting"), .ending = stops, .list = "Disable", .wild_list = "Enable"};
   dialogue.opening = "UPNP Enable:<" + listed + ">\n\n" + keep_with_enter;
   dialogue.questions = {Question(fields.upnp_enable, 0, "UPNP Enable?<%d>(0:Disable, 1:Enable):", one_of("01"))};
-  hold(dialogue);
-
-  FactoryDevice device = device_of(dialogue);
+  FactoryDevice device = hold(dialogue);
   const string starts = save + silently("/etc/init.d/upnpd.sh start") + setting_saved;
   hold(dialogue.item, device.set("nat_enable", "1"), {Visit({{"UPNP Enable?", "1"}}, starts, "upnp_enable=1")});
   hold(dialogue.item, device.set("upnp_enable", "2"), {Visit({}, stops)});
@@ -121,9 +110,7 @@ const Answers to_switched_rule = Answers{{"Function?", "1"}} + to_rule;
 template <typename Record, typename Questions>
 FactoryDevice hold_rules(const Table& table, std::array<Record, 32>& records, const Questions& questions) {
   hold(rules(table, records[0].enable, true, questions(records[0], true)));
-  const Dialogue edited = rules(table, records[3].enable, false, questions(records[3], false));
-  hold(edited);
-  return device_of(edited);
+  return hold(rules(table, records[3].enable, false, questions(records[3], false)));
 }
 
 Question address(const string& name, config::Ipv4& field, const char* stored, Place row = here()) {
@@ -145,8 +132,8 @@ const string scheduled = "By Schedule,8:05-17:30,Fri-Mon\n", wild_scheduled = "B
 std::vector<Question> schedule(config::Schedule& stored, bool adding) {
   const string minutes = "(00,05,10,15,20,25,30,35,40,45,50,55):";
   // In a pass, each answer comes with the same one to the start day.
-  const NumberKind end_days = {
-      {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}}, {"7", "Mon", "-1", "0x", "6" + string(1, '\0')}}};
+  const Kind end_days = {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}},
+                         {"7", "Mon", "-1", "0x", "6" + string(1, '\0')}};
   const Strings no_step = {"7", "54", "56", "60"};
   return {
       Question(stored.schedule_mode, 1, "Schedule?<%d>(0:Always, 1:By Schedule):", one_of("01"), {.only = {"1"}}),
@@ -227,7 +214,6 @@ TEST(RuleTables, MacFilters) {
   });
   // Schedules, with week masks of other programs: the days they are listed with, those shown, and what is kept.
   const string masks[][5] = {{"0000001", "Sat-Sat", "6", "6", "0000001"},
-                             {"0011100", "Tue-Thu", "2", "4", "0011100"},
                              {"1001011", "Wed-Sun", "3", "0", "1001111"},
                              {"0000000", "Sun-Sun", "7", "7", "0000000"}};
   const string mask = "mac_filter_table[3].week_mask";
@@ -264,34 +250,27 @@ TEST(RuleTables, IpFilters) {
         Visit(to_switched_rule + Answers{{"Start Port", "201"}}, ip_range_error)});
 }
 
-FactoryDevice hold_string_filters(const string& kind, std::uint8_t& master,
-                                  std::array<config::StringFilter, 32>& filters, const string& shown) {
-  const Table table = {.item = item(kind),
-                       .row = "     |" + range + "|www.%s\n",
-                       .wild_row = "     |" + any_range + "|" + string(256, '\xff') + "\n",
-                       .master = &master};
-  return hold_rules(table, filters, [&](auto& rule, bool adding) {
-    const string prompt = kind + " String?" + (adding ? "" : shown) + "(MAX Character:255):";
-    return clients(rule.start_ip, rule.end_ip) + std::vector{Question(rule.filter_string, "www.%s", prompt, text(255))};
-  });
-}
-
-TEST(RuleTables, UrlFilters) {
-  FactoryDevice device = hold_string_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
-  // All newlines of the text are cut at once, but not before it is shown.
-  device.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac");
-  hold(item("URL Filter"), device,
+TEST(RuleTables, UrlAndDomainFilters) {
+  const auto hold_filters = [](const string& kind, std::uint8_t& master, auto& filters, const string& shown) {
+    const Table table = {.item = item(kind),
+                         .row = "     |" + range + "|www.%s\n",
+                         .wild_row = "     |" + any_range + "|" + string(256, '\xff') + "\n",
+                         .master = &master};
+    return hold_rules(table, filters, [&](auto& rule, bool adding) {
+      const string asked = kind + " String?" + (adding ? "" : shown) + "(MAX Character:255):";
+      return clients(rule.start_ip, rule.end_ip) +
+             std::vector{Question(rule.filter_string, "www.%s", asked, text(255))};
+    });
+  };
+  FactoryDevice url = hold_filters("URL Filter", fields.url_filter_enable, fields.url_filter_table, "<%s>");
+  FactoryDevice domain = hold_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
+  // All newlines of a URL are cut at once, but not before it is shown; a domain is neither shown nor cut.
+  hold(item("URL Filter"), url.set("url_filter_table[3].filter_string", "a\\x0ab\\x0ac"),
        {Visit(to_switched_rule + Answers{{"String?<a>", string(256, 't')}}, illegal_value,
               "url_filter_table[3].filter_string=a\\x00b\\x00c"),
         Visit(to_switched_rule + Answers{{"End IP?", "x"}}, illegal_value)});
-}
-
-TEST(RuleTables, DomainFilters) {
-  FactoryDevice device =
-      hold_string_filters("Domain Filter", fields.domain_filter_enable, fields.domain_filter_table, "");
-  // The stored text is neither shown nor cut.
-  device.set("domain_filter_table[3].filter_string", "a\\x0ab");
-  hold(item("Domain Filter"), device, {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
+  hold(item("Domain Filter"), domain.set("domain_filter_table[3].filter_string", "a\\x0ab"),
+       {Visit(to_switched_rule, "Character:255):" + restarts_filter)});
 }
 
 // A rule behind its action: schedule, and a table of source and destination.
@@ -331,7 +310,7 @@ TEST(RuleTables, Firewall) {
   const string rule = "firewall_rule_table[3].", no_ports = replaced("Xdst_port_start=0 Xdst_port_end=0", "X", rule);
   hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"Port End", "79"}}, ip_range_error),
-        Visit(to_switched_rule + Answers{{"Protocol?", "4"}}, restarts_filter, rule + "protocol=4 " + no_ports)});
+        Visit(to_switched_rule + Answers{{"Protocol?", "4"}}, restarts_filter, no_ports + " " + rule + "protocol=4")});
   device.set(rule + "action", "0").set(rule + "src_interface", "0");
   for (const auto& [protocol, name] : std::map<string, string>{{"3", "ICMP"}, {"4", "ALL "}, {"5", "    "}}) {
     Answers kept = to_switched_rule + Answers{{"Schedule?", ""}};

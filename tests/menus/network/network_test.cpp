@@ -45,7 +45,8 @@ Question mtu(std::int32_t& field, int stored, unsigned most, Place row = here())
 
 std::vector<Question> static_address(config::Ipv4& ip, config::Ipv4& mask, config::Ipv4& gateway,
                                      const string& ip_name) {
-  return {address(ip, "10.0.0.7", ip_name), Question(mask, "255.128.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask()),
+  return {Question(ip, "10.0.0.7", ip_name + "<%u.%u.%u.%u>:", ipv4(), {.only = {"10.0.0.7"}}),
+          Question(mask, "255.128.0.0", "Subnet Mask?<%u.%u.%u.%u>:", netmask(), {.only = {"255.128.0.0"}}),
           address(gateway, "0.0.0.0", "Gateway?")};
 }
 
@@ -65,23 +66,33 @@ TEST(Wan, StaticAddress) {
   Dialogue dialogue =
       wan(0, std::vector{mtu(all.static_mtu, 1400, 1500)} +
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
-  dialogue.device.set("static_broadcast", "1.2.3.4").set("dns_mode", "1");
-  dialogue.completed = [](config::ConfigurationSegment& settings) {
-    config::WanSettings& wan = settings.wan;
-    wan.static_broadcast = wan.static_ip | ~wan.static_netmask;
-    wan.dns_mode = 0;
-  };
-  hold(dialogue);
+  dialogue.device.set("static_broadcast", "10.127.255.255");
+  // What belongs to the type is written before the type, and DNS first.
+  hold(wan_setting, hold(dialogue).set("wan_type", "1").set("dns_mode", "1"),
+       {Visit({{"WAN Type?", "0"},
+               {"Host Name?", "h"},
+               {"domain Name?", "d"},
+               {"MAC Type?", "0"},
+               {"Ping", "0"},
+               {"MTU?", "1500"},
+               {"IP?", "10.0.3.1"},
+               {"Subnet Mask?", "255.255.0.0"},
+               {"Gateway?", "10.0.0.1"},
+               {"Primary", "1.1.1.1"},
+               {"Secondary", "2.2.2.2"}},
+              reboots,
+              "dns_mode=0 secondary_dns=2.2.2.2 primary_dns=1.1.1.1 static_gateway=10.0.0.1 static_ip=10.0.3.1 "
+              "static_mtu=1500 static_netmask=255.255.0.0 static_broadcast=10.0.255.255 wan_type=0 host_name=h "
+              "domain_name=d wan_mac_type=0 wan_mac=00:00:00:00:00:00 wan_ping_enable=0")});
 }
 
 TEST(Wan, Dhcp) {
   const Dialogue dialogue = wan(1, std::vector{mtu(fields.wan.dhcp_mtu, 0, 1500)} + dns());
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue), {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
-  hold(wan_setting, device_of(dialogue).set("dns_mode", "2"),
-       {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
+  FactoryDevice device = hold(dialogue);
+  hold(wan_setting, device, {Visit({{"Set DNS?", "1"}}, "1:Auto):" + reboots, "dns_mode=1")});
+  hold(wan_setting, device.set("dns_mode", "2"), {Visit({}, "Set DNS?<2>(0:manually, 1:Auto):" + reboots)});
   // The MAC address of another type than 1 is cleared, and an unknown type of connection has no more questions.
-  hold(wan_setting, device_of(dialogue).set("wan_mac_type", "2").set("wan_type", "6"),
+  hold(wan_setting, device.set("wan_mac_type", "2").set("wan_type", "6"),
        {Visit({{"MAC Type?<2>", ""}, {"Ping form WAN?", ""}}, "1:Enable):" + reboots, "wan_mac=00:00:00:00:00:00")});
 }
 
@@ -100,8 +111,7 @@ TEST(Wan, Pppoe) {
                          name(all.pppoe_service_name, "s", "PPPoE Service Name"), type,
                          address(all.pppoe_static_ip, "1.2.3.4", "Static PPPoE IP?")} +
                  dialling(all.pppoe_connect_type, all.pppoe_max_idle_time));
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue),
+  hold(wan_setting, hold(dialogue),
        {Visit({{"PPPoE Type?", "2"}, {"Connect Type?", ""}}, reboots, "pppoe_type=2 pppoe_static_ip=0.0.0.0")});
 }
 
@@ -115,8 +125,7 @@ void hold_tunnel(int wan_type, const string& kind, const string& prefix, std::in
                                                           name(own.account, "a", kind + " Account"),
                                                           name(own.password, "p", kind + " Password")} +
                                               dialling(own.connect_type, own.max_idle_time));
-  hold(dialogue);
-  hold(wan_setting, device_of(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
+  hold(wan_setting, hold(dialogue).set(prefix + "_gateway", "1.2.3.1").set(prefix + "_type", "2"),
        {Visit({}, reboots, replaced("X_static_ip=0.0.0.0 X_netmask=0.0.0.0 X_gateway=0.0.0.0", "X", prefix))});
 }
 
@@ -153,10 +162,10 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
       Question(lan.dns_proxy_enable, 1, "DNS PROXY Enable?<%d>(0:disable,1:enable):", one_of("0123456789"),
                {.refusal = "Lan DNS PROXY Setting Error\n"}),
   };
-  hold(dialogue);
-  hold(lan_setting, device_of(dialogue).set("dhcp_start_ip", "10.0.9.100"),
-       {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}}, "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
-              "lan_ip=10.0.3.1 lan_netmask=255.128.0.0 lan_broadcast=10.127.255.255 "
+  hold(lan_setting, hold(dialogue).set("dhcp_start_ip", "10.0.9.100"),
+       {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}, {"DNS PROXY", "0"}},
+              "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
+              "lan_netmask=255.128.0.0 lan_ip=10.0.3.1 lan_broadcast=10.127.255.255 dns_proxy_enable=0 "
               "dhcp_start_ip=10.0.3.100 dhcp_end_ip=10.0.3.200")});
 }
 
@@ -169,8 +178,8 @@ const string what_item = "What item do you want to configure? (0:DHCP SERVER Set
 TEST(Dhcp, Server) {
   auto& dhcp = fields.dhcp;
   const string in_lan = "(The IP must have same Netword ID with Lan IP):";
-  const AddressKind address_in_lan = {{{{"192.168.0.1"}, {"192.168.0.254"}}, {"192.168.1.200", "0.0.0.0", "x"}}};
-  NumberKind lease = one_of("0123456");
+  const Kind address_in_lan = {{{"192.168.0.1"}, {"192.168.0.254"}}, {"192.168.1.200", "0.0.0.0", "x"}};
+  Kind lease = one_of("0123456");
   lease.accepted = {{"0", "3600"}, {"1", "7200"}, {"2", "10800"}, {"4", "172800"}, {"5", "259200"}, {"6", "604800"}};
   Dialogue dialogue = {.item = dhcp_setting, .opening = "", .ending = restarts_dhcp};
   dialogue.list =
@@ -188,13 +197,13 @@ TEST(Dhcp, Server) {
           {.tame = true, .shown_behind = "0:1 Hour\n1:2 Hours\n2:3 Hours\n3:1 Day\n4:2 Days\n5:3 Days\n6:1 Week\n"}),
       Question(dhcp.dhcp_lease_time, 86400, "DHCP IP Lease Time?<1 Day>:", lease, {.tame = true}),
   };
-  hold(dialogue);
-
+  FactoryDevice device = hold(dialogue);
   const Answer server = {"What item", "0"};
-  hold(dhcp_setting, device_of(dialogue), {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
-  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
+  hold(dhcp_setting, device, {Visit({server, {"Start IP?", "192.168.0.201"}}, in_lan + ip_range_error)});
+  hold(dhcp_setting, device.set("dhcp_server_enable", "2").set("dhcp_lease_time", "604801"),
        {Visit({server}, "DHCP IP Lease Time?<>:" + wrong_choice),
-        Visit({server, {"Lease Time?", "0"}}, stops_dhcp, "dhcp_lease_time=3600")});
+        Visit({server, {"Start IP?", "192.168.0.9"}, {"End IP?", "192.168.0.99"}, {"Lease Time?", "0"}}, stops_dhcp,
+              "dhcp_lease_time=3600 dhcp_start_ip=192.168.0.9 dhcp_end_ip=192.168.0.99")});
 }
 
 TEST(Dhcp, StaticClientIsEditedAndDeleted) {
@@ -212,15 +221,14 @@ TEST(Dhcp, StaticClientIsEditedAndDeleted) {
       Question(
           "What item do you want to configure? (0-31):", number(0, 31),
           {.only = {"00"}, .refusal = wrong_choice, .also_refused = {"1"}, .required = true, .shown_behind = listed}),
-      Question("Del or Edit ? (0:Delete, 1:Edit):", NumberKind{{{{"1"}, {"1x"}}, {"2", "10", "x", "-1"}}},
+      Question("Del or Edit ? (0:Delete, 1:Edit):", Kind{{{"1"}, {"1x"}}, {"2", "10", "x", "-1"}},
                {.refusal = wrong_choice, .required = true, .shown_behind = keep_with_enter}),
       Question(client.enable, 1, "Enable this rule?<%d>(0:Disable, 1:Enable):", one_of("01"), {.tame = true}),
       Question(client.ip, "192.168.0.150", "IP?<%u.%u.%u.%u>:", ipv4(), {.refused_when_kept = {"0.0.0.0"}}),
       Question(client.mac, "00:11:22:aa:bb:cc", "MAC?<%02x:%02x:%02x:%02x:%02x:%02x>:", mac()),
       Question(client.description, "nas", "Description?<%s>:", text(31)),
   };
-  hold(dialogue);
-  hold(dhcp_setting, device_of(dialogue).set("dhcp_server_enable", "0"),
+  hold(dhcp_setting, hold(dialogue).set("dhcp_server_enable", "0"),
        {Visit({{"What item", "1"}, {"Add new", "1"}, {"What item", "0"}, {"Del or Edit", "0x"}},
               "1:Edit):" + stops_dhcp, "static_dhcp_table[0].enable=255")});
 }

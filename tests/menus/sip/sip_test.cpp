@@ -33,10 +33,8 @@ TEST(Sip, Basic) {
       Question(sip.sip_host_name, "gateway", "Host Name?<%s>(MAX Character:35):", text(35),
                {.too_long = TooLong::empties}),
   };
-  hold(dialogue);
-
-  hold(basic_setting, device_of(dialogue),
-       {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):" + port_range_error),
+  hold(basic_setting, hold(dialogue),
+       {Visit({{"Media Port Start", "20001"}}, "End?<20000>(1024~65535):Port Range Error!!\n\n"),
         Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000")});
 }
 
@@ -83,10 +81,8 @@ TEST(Sip, Accounts) {
   accounts.questions = std::vector{Question(fields.auth_expire_time, 3600,
                                             "Authentication Expire Time?<%d>(60~65535):", number(60, 65535))} +
                        questions_of_line(0) + questions_of_line(1);
-  hold(accounts);
-
   // Other programs may store another value than 1 for on.
-  FactoryDevice device = device_of(accounts);
+  FactoryDevice device = hold(accounts);
   device.set("sip_line[0].phone_enable", "2").set("sip_line[0].p_asserted_enable", "3");
   hold(account_setting, device.set("sip_server[0].use_outbound_proxy", "255"),
        {Visit({}, save_and_tell_daemon),
@@ -116,7 +112,6 @@ TEST(Sip, NatTraversal) {
       Question(nat.stun_enable, 1, asked, one_of("01"), {.only = {"1"}}),
       Question(nat.stun_server, "old", "STUN Server IP/URL?<%s>:", text(63), {.too_long = TooLong::empties}),
   };
-  hold(stun);
   upnp.questions = {
       Question(nat.stun_enable, 0, asked, one_of("01"), {.only = {"0"}}),
       Question(nat.sip_upnp_enable, 1, "UPNP Enable?<%d>(0:Disable,1:Enable):", one_of("01")),
@@ -124,7 +119,7 @@ TEST(Sip, NatTraversal) {
   hold(upnp);
 
   // Whatever is not 0 is on.
-  hold(nat_traversal, device_of(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
+  hold(nat_traversal, hold(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
        {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0"),
         Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});
 }

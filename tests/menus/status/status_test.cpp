@@ -82,6 +82,10 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
   FactoryDevice down = desk_with("3");
   down.files["/tmp/ppp_test"] = "none\n";
   hold_page(down, {}, "PPTP \n" + tests_ppp + "none\n\nWAN is disconnection!\nWAN Gateway", reconnect);
+  FactoryDevice no_port = desk_with("2");
+  no_port.files["/tmp/ppp_test"] = "ppp0\n";
+  no_port.command_output[eth0] = "error\n";
+  hold_page(no_port, {}, "{" + eth0 + "}WAN IP Address", reconnect);
   hold_page(desk_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
 }
 
@@ -161,6 +165,9 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
                 "  2  |   0   |        6|       18|        7|       -7|        8|        0",
                 "     |   1   |        9|2147483647|       10|       22|       11|       23"});
   EXPECT_EQ(device.requests.size(), 1U);
+  // Of a longer reply than 8191 bytes the rest is dropped: a 12 is a 1.
+  expect_lines(DaemonDesk({string(8190, '\n') + "12"}).page(line_state),
+               {"  1  |   0   |        1|        0|        0|        0|        0|        0"});
 }
 
 TEST(CallRecords, ThatCameBeforeTheFetchEnded) {

@@ -442,4 +442,13 @@ std::optional<FieldElement> find_field(std::string_view name) {
   return FieldElement{&*found, index};
 }
 
+FieldElement field_at(std::size_t offset) {
+  const auto found = std::find_if(std::begin(table), std::end(table), [&](const Field& field) {
+    const std::size_t index = (offset - field.offset) / field.stride;
+    return offset >= field.offset && index < field.count &&
+           offset - element_offset(field, index) < field.width;
+  });
+  return {&*found, (offset - found->offset) / found->stride};
+}
+
 }  // namespace config

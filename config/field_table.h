@@ -67,5 +67,7 @@ struct FieldElement {
 };
 // The element with that name; reserved ranges have names too. Nothing for an unknown name.
 std::optional<FieldElement> find_field(std::string_view name);
+// Whose byte this is, from the start of the segment.
+FieldElement field_at(std::size_t offset);
 
 }  // namespace config

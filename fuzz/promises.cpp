@@ -46,21 +46,6 @@ std::string cut(const Field& field, std::span<const std::uint8_t> stored) {
   return text;
 }
 
-// Whose byte this is.
-config::FieldElement element_at(std::size_t offset) {
-  static const auto owners = [] {
-    std::vector<config::FieldElement> all(sizeof(config::ConfigurationSegment));
-    for (const Field& field : config::field_table()) {
-      for (std::size_t i = 0; i < field.count; ++i) {
-        std::fill_n(all.begin() + static_cast<std::ptrdiff_t>(field.offset + i * field.stride), field.width,
-                    config::FieldElement{&field, i});
-      }
-    }
-    return all;
-  }();
-  return owners[offset];
-}
-
 class Watch {
  public:
   explicit Watch(tests::Device& device)
@@ -149,7 +134,7 @@ class Watch {
           std::memcmp(&before[at], &after[at], block) == 0) {
         at += block - 1;
       } else if (before[at] != after[at]) {
-        const auto [field, index] = element_at(at);
+        const auto [field, index] = config::field_at(at);
         judge(*field, index);
         at = field->offset + index * field->stride + field->width - 1;
       }

@@ -251,8 +251,8 @@ int flush_file(int descriptor) {
   return or_error(retried([&] { return fsync(descriptor); }));
 }
 
-int rewind_file(int descriptor) {
-  return lseek(descriptor, 0, SEEK_SET) < 0 ? -errno : 0;
+void rewind_file(int descriptor) {
+  lseek(descriptor, 0, SEEK_SET);
 }
 
 int close_descriptor(int descriptor) {

@@ -108,8 +108,8 @@ std::ptrdiff_t read_some(int descriptor, std::span<char> into);
 int write_all(int descriptor, std::string_view bytes);
 // Returns once storage has what was written. 0, or a negative errno value.
 int flush_file(int descriptor);
-// Back to the first byte. 0, or a negative errno value.
-int rewind_file(int descriptor);
+// Back to the first byte, in a file that is open.
+void rewind_file(int descriptor);
 // 0, or the negative errno value with which the last write-back failed. Never call it twice.
 int close_descriptor(int descriptor);  // of a file or a socket
 const char* error_text(int error);

@@ -127,11 +127,9 @@ string written(const tests::Device& device) {
   for (const void* const address : device.written) {
     const char* const begin = reinterpret_cast<const char*>(&device.settings);
     const auto at = static_cast<std::size_t>(static_cast<const char*>(address) - begin);
-    for (const config::Field& field : config::field_table()) {
-      const std::size_t i = (at - field.offset) / field.stride;
-      if (at >= field.offset && i < field.count && at == field.offset + i * field.stride) {
-        append_member(all, field, i, device.settings);
-      }
+    if (at < sizeof device.settings) {  // or it is the login record's, or the flag for the voice daemon
+      const auto [field, index] = config::field_at(at);
+      append_member(all, *field, index, device.settings);
     }
   }
   return "{" + all + "}";

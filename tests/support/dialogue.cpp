@@ -66,17 +66,6 @@ Kind line(std::size_t longest) {
 
 // ---- Questions ----
 
-std::optional<config::FieldElement> element_at(const void* member) {
-  for (const config::Field& field : config::field_table()) {
-    for (std::size_t i = 0; i < field.count; ++i) {
-      if (config::field_bytes(field, i, fields).data() == member) {
-        return config::FieldElement{&field, i};
-      }
-    }
-  }
-  return std::nullopt;
-}
-
 namespace {
 
 string name_of(const Question& question) {

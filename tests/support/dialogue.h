@@ -81,15 +81,12 @@ constexpr Place here(Place place = Place::current()) {
   return place;
 }
 
-// The element of the segment that this member of `fields` is.
-std::optional<config::FieldElement> element_at(const void* member);
-
 struct Question {
   template <typename Field>
   Question(Field& member, const Stored& holds, std::string asked, const Kind& takes, Departures departures = {},
            Place at = here())
       : Question(std::move(asked), takes, std::move(departures), at) {
-    field = element_at(&member);
+    field = config::field_at(reinterpret_cast<char*>(&member) - reinterpret_cast<char*>(&fields));
     stored = holds.value;
   }
   // No setting of its own: which record, which action.

@@ -222,10 +222,9 @@ int flush_file(int descriptor) {
   return result("flush " + open_files.at(descriptor).path, EIO);
 }
 
-int rewind_file(int descriptor) {
+void rewind_file(int descriptor) {
   OpenFile& file = open_files.at(descriptor);
   file.rest = current->files[file.path];
-  return 0;
 }
 
 int close_descriptor(int descriptor) {

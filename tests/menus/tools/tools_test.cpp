@@ -14,11 +14,14 @@ const string starts_ntp = save + silently("/etc/init.d/ntp.sh config");
 TEST(DayTime, SetByHand) {
   FactoryDevice device;
   device.local_time = {1970, 2, 3, 4, 5, 6};
-  const Answers typed = {{"Year", "2005"}, {"", "2021"},  {"", "0x"},       {"", "2006"},   {"Month", "12"},
-                         {"Day", "31"},    {"Hour", "0"}, {"Minute", "59"}, {"Second", "7"}};
+  const Answers first = {{"Year", "2005"}, {"", "0x"}, {"", "2006"},  {"Month", "0"},  {"", "1"},
+                         {"Day", "0"},     {"", "1"},  {"Hour", "0"}, {"Minute", "0"}, {"Second", "0"}};
+  const Answers last = {{"Year", "2021"}, {"", "2020"}, {"Month", "13"},  {"", "12"}, {"Day", "32"},    {"", "31"},
+                        {"Hour", "24"},   {"", "23"},   {"Minute", "60"}, {"", "59"}, {"Second", "60"}, {"", "59"}};
   hold(day_time, device,
        {Visit({{"Set By", "0x"}}, starts_ntp + "{/bin/date 020304051970.06}" + setting_saved),
-        Visit(typed, "Second(6)  <0-59>:" + starts_ntp + "{/bin/date 123100592006.07}" + setting_saved)});
+        Visit(first, "Second(6)  <0-59>:" + starts_ntp + "{/bin/date 010100002006.00}" + setting_saved),
+        Visit(last, "Second(6)  <0-59>:" + starts_ntp + "{/bin/date 123123592020.59}" + setting_saved)});
 }
 
 // Mode and zone are stored at once, whatever becomes of the rest.

@@ -48,7 +48,7 @@ bool wait_when_would_block(int descriptor, short events) {
   if (errno != EAGAIN) {
     return false;
   }
-  pollfd one{descriptor, events, 0};
+  pollfd one{descriptor, events, {}};
   return retried([&] { return poll(&one, 1, -1); }) > 0;
 }
 
@@ -205,7 +205,7 @@ void run_shell_command(const char* command, Keyboard keyboard) {
 CommandStream open_command(const char* command) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) < 0) {
-    return {-1, -1};
+    return {.descriptor = -1, .process = {}};
   }
   const pid_t child = start_shell(command, {.output = ends[1]});
   close(ends[1]);
@@ -296,7 +296,7 @@ std::ptrdiff_t receive_datagram(int socket, std::span<char> into) {
 }
 
 int wait_readable(int socket, int milliseconds) {
-  pollfd one{socket, POLLIN, 0};
+  pollfd one{socket, POLLIN, {}};
   const int ready = poll(&one, 1, milliseconds);
   if (socket < 0 || (one.revents & POLLNVAL) != 0) {
     return -EBADF;

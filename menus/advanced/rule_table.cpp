@@ -37,7 +37,7 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
     }
   }
   ask.refuse(shell::Message::table_full);
-  return 0;
+  return {};
 }
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "menus/menu_tree.h"
+#include "shell/output.h"
 #include "shell/session.h"
 #include "support/dialogue.h"
 
@@ -108,6 +109,25 @@ TEST(Login, IsGuardedBeforeItAndAfterThePassword) {
       EXPECT_EQ(device.transcript == refused, login == &taken) << device.transcript;
       EXPECT_EQ(device.login.holder_address.is_zero(), login != &taken);
     }
+  }
+}
+
+// ---- Output ----
+
+TEST(Output, IsWrittenBeforeSomethingDoesNotFit) {
+  const string full(20480, 'x');
+  for (void (*const put_one)() :
+       {+[] { shell::put('c'); }, +[] { shell::put("text"); }, +[] { shell::put(config::Ipv4{}); },
+        +[] { shell::put(shell::Number(1)); }, +[] { shell::put(config::Mac{}); },
+        +[] {
+          shell::put(shell::Cell{"cell", 20});
+        }}) {
+    FactoryDevice device;
+    use_device(device);
+    shell::put(full);
+    put_one();
+    EXPECT_EQ(device.transcript, full);
+    shell::reset_output();
   }
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "menus/status/voice_daemon.h"
 #include "support/dialogue.h"
 
 namespace tests {
@@ -147,6 +148,22 @@ TEST(VoiceDaemon, FailuresLeaveThePagesEmptyAndEndInTime) {
   EXPECT_EQ(DaemonDesk(Strings(4, "refused")).page(line_state), "{silence 1400}");
   EXPECT_EQ(DaemonDesk(Strings(5, "refused") + Strings{"1"}).page(line_state), DaemonDesk({"1"}).page(line_state));
   EXPECT_EQ(DaemonDesk(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
+}
+
+TEST(VoiceDaemon, TellsByItsCodesWhatFailed) {
+  DaemonDesk device(Strings(6, "refused"));
+  use_device(device);
+  const auto failing = [&](const string& call) { device.failing = {call}; };
+  std::array<char, 8> reply;
+  EXPECT_EQ(menus::status::voice_daemon_open("127.0.0", 1), -1);
+  EXPECT_EQ((failing("udp socket"), menus::status::voice_daemon_open("127.0.0.1", 1)), -2);
+  EXPECT_EQ((failing("udp bind"), menus::status::voice_daemon_open("127.0.0.1", 1)), -3);
+  EXPECT_EQ((failing("udp connect"), menus::status::voice_daemon_open("127.0.0.1", 1)), -4);
+  EXPECT_EQ(menus::status::voice_daemon_send(-1, "x"), -1);
+  EXPECT_EQ((failing("udp send"), menus::status::voice_daemon_send(1, "x")), -2);
+  EXPECT_EQ((failing("udp wait"), menus::status::voice_daemon_receive(1, reply)), -3);
+  EXPECT_EQ((failing(""), menus::status::voice_daemon_receive(1, reply)), -1);
+  EXPECT_EQ(menus::status::voice_daemon_receive(1, reply), -4);
 }
 
 // That a page has these; docs/menus.md shows the whole of it.

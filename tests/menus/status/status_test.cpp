@@ -56,15 +56,15 @@ TEST(DeviceInformation, ShowsWhatToolsPrint) {
 }
 
 TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
-  const auto desk_with = [](const string& wan_type) { return FactoryDevice().set("wan_type", wan_type); };
+  const auto device_with = [](const string& wan_type) { return FactoryDevice().set("wan_type", wan_type); };
   const auto script = [](const string& arguments) { return silently("/etc/init.d/" + arguments); };
-  hold_page(desk_with("0").set("host_name", "gateway\\x0a"), {}, "Host Name : gateway\nSystem", ruler);
-  hold_page(desk_with("0").set("dhcp_server_enable", "2"), {}, "",
+  hold_page(device_with("0").set("host_name", "gateway\\x0a"), {}, "Host Name : gateway\nSystem", ruler);
+  hold_page(device_with("0").set("dhcp_server_enable", "2"), {}, "",
             "Enabled \nDNS Proxy Function : Disabled \n" + ruler);
   const string dhcp = "WAN Type : DHCP \n{" + eth0, renew = ruler + "0:Release WAN IP, 1:Renew WAN IP\n[4830NT]#";
-  hold_page(desk_with("1"), {{"Release", "2"}}, dhcp, renew);
-  hold_page(desk_with("1"), {{"Release", "0"}}, dhcp, renew + script("udhcpc.sh stop") + done);
-  hold_page(desk_with("1"), {{"Release", "1"}}, dhcp, renew + script("udhcpc.sh restart") + done);
+  hold_page(device_with("1"), {{"Release", "2"}}, dhcp, renew);
+  hold_page(device_with("1"), {{"Release", "0"}}, dhcp, renew + script("udhcpc.sh stop") + done);
+  hold_page(device_with("1"), {{"Release", "1"}}, dhcp, renew + script("udhcpc.sh restart") + done);
   const string reconnect = ruler + "0:Disconnect, 1:Reconnect\n[4830NT]#";
   const string tests_ppp = "{/sbin/ifconfig | grep ppp0 > /tmp/ppp_test}";
   const string line = "ppp0" + string(250, ' ');  // no more of it is shown
@@ -72,7 +72,7 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
       tests_ppp + line + "\n{/sbin/ifconfig ppp0}{" + eth0 + "}WAN MAC Address : \nWAN IP Address : 10.64.0.3\n";
   const string shown[] = {"PPPOE \n" + link, "PPTP \n" + link, "L2TP \n" + link, "BigPond \nDNS"};
   for (const std::size_t i : {0U, 1U, 2U, 3U}) {
-    FactoryDevice device = desk_with(std::to_string(i + 2));
+    FactoryDevice device = device_with(std::to_string(i + 2));
     device.command_output["/sbin/ifconfig ppp0"] = "ppp0\n inet addr:10.64.0.3 P-t-P:9 Mask:255.255.255.255\n";
     device.files["/tmp/ppp_test"] = line + "Link\n";
     const string name = Strings{"pppoe", "pptp", "l2tp", "bigpond"}[i];
@@ -80,14 +80,14 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
     hold_page(device, {{"Disconnect", "0"}}, "WAN Type : " + shown[i], reconnect + stop + restart);
     hold_page(device, {{"Disconnect", "1"}}, "WAN Type : " + shown[i], reconnect + restart);
   }
-  FactoryDevice down = desk_with("3");
+  FactoryDevice down = device_with("3");
   down.files["/tmp/ppp_test"] = "none\n";
   hold_page(down, {}, "PPTP \n" + tests_ppp + "none\n\nWAN is disconnection!\nWAN Gateway", reconnect);
-  FactoryDevice no_port = desk_with("2");
+  FactoryDevice no_port = device_with("2");
   no_port.files["/tmp/ppp_test"] = "ppp0\n";
   no_port.command_output[eth0] = "error\n";
   hold_page(no_port, {}, "{" + eth0 + "}WAN IP Address", reconnect);
-  hold_page(desk_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
+  hold_page(device_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
 }
 
 // ---- The log ----
@@ -130,8 +130,8 @@ TEST(LogViewer, MakesItsSnapshotOfALogThatIsThere) {
 
 const Item line_state = {"Status", "Line State"}, call_records = {"Status", "Call Detailed Record"};
 
-struct DaemonDesk : FactoryDevice {
-  explicit DaemonDesk(const Strings& replies) {
+struct AnsweringDevice : FactoryDevice {
+  explicit AnsweringDevice(const Strings& replies) {
     on_datagram = [replies](const string& /*request*/) { return replies; };
   }
   string page(const Item& item) { return replaced(visit(*this, item, {}), "{udp 127.0.0.1:8118}", ""); }
@@ -139,19 +139,20 @@ struct DaemonDesk : FactoryDevice {
 
 TEST(VoiceDaemon, FailuresLeaveThePagesEmptyAndEndInTime) {
   for (const string call : {"udp socket", "udp bind", "udp connect", "udp send", "udp wait"}) {
-    DaemonDesk state({"1"}), records({"1"});
+    AnsweringDevice state({"1"}), records({"1"});
     state.failing = records.failing = {call};
     EXPECT_EQ(state.page(line_state) + records.page(call_records), "\n") << call;
   }
-  EXPECT_EQ(DaemonDesk({""}).page(line_state), DaemonDesk({"0"}).page(line_state));
+  EXPECT_EQ(AnsweringDevice({""}).page(line_state), AnsweringDevice({"0"}).page(line_state));
   // Each reply that is refused takes 900 milliseconds.
-  EXPECT_EQ(DaemonDesk(Strings(4, "refused")).page(line_state), "{silence 1400}");
-  EXPECT_EQ(DaemonDesk(Strings(5, "refused") + Strings{"1"}).page(line_state), DaemonDesk({"1"}).page(line_state));
-  EXPECT_EQ(DaemonDesk(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
+  EXPECT_EQ(AnsweringDevice(Strings(4, "refused")).page(line_state), "{silence 1400}");
+  EXPECT_EQ(AnsweringDevice(Strings(5, "refused") + Strings{"1"}).page(line_state),
+            AnsweringDevice({"1"}).page(line_state));
+  EXPECT_EQ(AnsweringDevice(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
 }
 
 TEST(VoiceDaemon, TellsByItsCodesWhatFailed) {
-  DaemonDesk device(Strings(6, "refused"));
+  AnsweringDevice device(Strings(6, "refused"));
   use_device(device);
   const auto failing = [&](const string& call) { device.failing = {call}; };
   std::array<char, 8> reply;
@@ -174,7 +175,7 @@ void expect_lines(const string& page, const Strings& lines) {
 }
 
 TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
-  DaemonDesk device(
+  AnsweringDevice device(
       {"0\n1\n2\n3\n4\n5\n6 packets\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n17\n18\n-7\nx\n4294967296\n\n22\n23\n"
        "w\n%s\xff nineteen bytes!\n%s\xff of twenty bytes.\n"});
   expect_lines(device.page(line_state),
@@ -183,28 +184,28 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
                 "     |   1   |        9|2147483647|       10|       22|       11|       23"});
   EXPECT_EQ(device.requests.size(), 1U);
   // Of a longer reply than 8191 bytes the rest is dropped: a 12 is a 1.
-  expect_lines(DaemonDesk({string(8190, '\n') + "12"}).page(line_state),
+  expect_lines(AnsweringDevice({string(8190, '\n') + "12"}).page(line_state),
                {"  1  |   0   |        1|        0|        0|        0|        0|        0"});
 }
 
 TEST(CallRecords, ThatCameBeforeTheFetchEnded) {
   const string record = "0|555|20070608123456|0|2007060812345x|100f|65|0";
-  DaemonDesk odd({"3", "|1|%s||\xff|-|x|2007|0|1||",
-                  "2|12345678901234567|123456789012345678901|-|-|10|1234567890123|99999", record});
+  AnsweringDevice odd({"3", "|1|%s||\xff|-|x|2007|0|1||",
+                       "2|12345678901234567|123456789012345678901|-|-|10|1234567890123|99999", record});
   expect_lines(odd.page(call_records),
                {"%s              |          0|    2|Callee pattern not matched with listed digitmap",
                 "call in  |\xff                   |-                   |x                   ",
                 "1234567890123456|  123456789| 1000|unknow reason",
                 "         |12345678901234567890|-                   |-                   ",
                 "dial out |2007/06/08 12:34:56 |0                   |2007/06/08 12:34:5x "});
-  const string its_call = DaemonDesk({"1", record}).page(call_records);
+  const string its_call = AnsweringDevice({"1", record}).page(call_records);
   for (const string& bad : {"0|1||3|4|1008|6|0"s, record + "|9", string(9000, '|')}) {
-    EXPECT_EQ(DaemonDesk({"3", record, bad, record}).page(call_records), its_call) << bad.substr(0, 60);
+    EXPECT_EQ(AnsweringDevice({"3", record, bad, record}).page(call_records), its_call) << bad.substr(0, 60);
   }
-  EXPECT_EQ(DaemonDesk({"99999999999999999999", record}).page(call_records), "{silence 5000}" + its_call);
-  DaemonDesk many(Strings{"100000"} + Strings(500, record));
+  EXPECT_EQ(AnsweringDevice({"99999999999999999999", record}).page(call_records), "{silence 5000}" + its_call);
+  AnsweringDevice many(Strings{"100000"} + Strings(500, record));
   EXPECT_EQ(many.page(call_records).size(), 1 + 100 * (its_call.size() - 1));
-  EXPECT_EQ(DaemonDesk({}).page(call_records), "{silence 5000}\n");  // nothing of an earlier visit is left
+  EXPECT_EQ(AnsweringDevice({}).page(call_records), "{silence 5000}\n");  // nothing of an earlier visit is left
 }
 
 }  // namespace

@@ -159,6 +159,9 @@ TEST(RuleTables, VirtualServers) {
            schedule(rule.schedule, adding);
   });
   hold(item("Rule Summary"), device, {Visit({{"Select a list?", "0"}}, titles(table) + " 3:|1" + table.row + "\n")});
+  hold(table.item, device,
+       {Visit(to_rule + Answers{{"Private IP?", "192.168.0.11"}, {"Protocol Type?", "0"}}, restarts_filter,
+              "virtual_server_table[3].protocol=0 virtual_server_table[3].private_ip=192.168.0.11")});
 }
 
 TEST(RuleTables, SpecialApplications) {
@@ -247,7 +250,9 @@ TEST(RuleTables, IpFilters) {
   });
   hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"Start IP?", "192.168.0.101"}}, ip_range_error),
-        Visit(to_switched_rule + Answers{{"Start Port", "201"}}, ip_range_error)});
+        Visit(to_switched_rule + Answers{{"Start Port", "201"}}, ip_range_error),
+        Visit(to_switched_rule + Answers{{"Start IP?", "192.168.0.51"}, {"Type?", "0"}}, restarts_filter,
+              "ip_filter_table[3].protocol=0 ip_filter_table[3].start_ip=192.168.0.51")});
 }
 
 TEST(RuleTables, UrlAndDomainFilters) {

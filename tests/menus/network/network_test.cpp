@@ -239,7 +239,8 @@ TEST(Dhcp, StaticClientIsAddedInTheLowestFreeSlot) {
     client.enable = 200;
   }
   const Answer clients = {"What item", "1"}, add = {"Add new", "0"};
-  hold(dhcp_setting, device, {Visit({clients, add}, "1:Modify):" + table_full)});
+  const Answer last_client = {"\n31:Enable:200\tMAC:00:00:00:00:00:00\tIP:0.0.0.0\tDiscription:\n\nAdd new", "0"};
+  hold(dhcp_setting, device, {Visit({clients, last_client}, "1:Modify):" + table_full)});
   device.set("static_dhcp_table[30].enable", "255").set("static_dhcp_table[31].enable", "255");
   device.set("dhcp_start_ip", "1.0.0.1").set("dhcp_end_ip", "1.0.0.9");
   hold(dhcp_setting, device,

@@ -35,7 +35,7 @@ class Board(Desk):
             self.port = str(probe.getsockname()[1])
         self.line = self.spawn("./run", "--board", "--telnet", self.port)
         self.line.timeout = 4 * PATIENCE  # of a busy machine a kernel's start takes much
-        if self.line.expect(["Username:", "[^\n]*cannot be had|Packages [^\n]*"]):
+        if self.line.expect(["Username:", "[^\n]*cannot be had|Packages (?:are missing|could not)[^\n]*"]):
             pytest.skip(self.line.after)
         self.emulator = next(one for one in psutil.Process(self.line.pid).children() if "qemu" in one.name())
         return self.line

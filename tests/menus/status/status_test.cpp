@@ -165,6 +165,12 @@ TEST(VoiceDaemon, TellsByItsCodesWhatFailed) {
   EXPECT_EQ((failing("udp wait"), menus::status::voice_daemon_receive(1, reply)), -3);
   EXPECT_EQ((failing(""), menus::status::voice_daemon_receive(1, reply)), -1);
   EXPECT_EQ(menus::status::voice_daemon_receive(1, reply), -4);
+  for (const auto& [length, code] : std::map<std::size_t, int>{{8189, -4}, {8190, -2}}) {
+    const string command(length, 'x');
+    const char* const commands[] = {command.c_str()};
+    const char* fields[1];
+    EXPECT_EQ(menus::status::voice_daemon_query(commands, fields), code) << length;
+  }
 }
 
 // That a page has these; docs/menus.md shows the whole of it.

@@ -205,6 +205,8 @@ TEST(CallScreen, EachAction) {
   hold(screen, device,
        {Visit(act("", list_2 + refused + number), "input Phone Number:\n\n" + saved,
               "call_screen[21].screen_list=2 call_screen[21].screen_type=9 call_screen[21].screen_number=" + sevens),
+        Visit(act("0", list_2 + Answers{{"input type", "q"}}), "q:Exit\n" + done),
+        Visit(act("3", {{"Phone No.", "q"}}), "q:Exit\n" + done),
         Visit(act("1", entry), "Phone Number List No:" + saved, "call_screen[13].screen_list=255"),
         Visit(act("2", Answers{{"Phone No.", "4"}} + entry), saved, "call_screen[13].screen_number=" + sevens),
         Visit(act("2", {{"Phone No.", "1"}, {"List No:", "10"}, {"List No:", "4"}, {"Number:", "5"}}), saved,

@@ -67,7 +67,7 @@ struct FieldElement {
 };
 // The element with that name; reserved ranges have names too. Nothing for an unknown name.
 std::optional<FieldElement> find_field(std::string_view name);
-// Whose byte this is, from the start of the segment.
+// The element that has the byte at this offset from the start of the segment.
 FieldElement field_at(std::size_t offset);
 
 }  // namespace config

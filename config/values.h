@@ -48,7 +48,8 @@ struct Mac {
 // ---- Texts in fixed buffers ----
 // Another program may have left a buffer without its NUL: nothing here reads or writes outside the buffer.
 
-// The characters before the first NUL, or the whole buffer when it holds none. Not for no buffer at all.
+// The characters before the first NUL, or the whole buffer when it holds none. A buffer of no bytes has an
+// address, too.
 inline std::string_view text_in(std::span<const char> buffer) {
   return {buffer.data(), ::strnlen(buffer.data(), buffer.size())};
 }

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/personality.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -101,6 +102,23 @@ class Run {
       }
       pause_microseconds(50);
     }
+  }
+
+  // In KiB: the most memory that it has had so far, and what is its own alone.
+  struct Memory {
+    int peak, own;
+  };
+  Memory memory() const {
+    std::ifstream status("/proc/" + std::to_string(process_) + "/status");
+    Memory found{};
+    for (std::string name; status >> name;) {
+      if (name == "VmHWM:") {
+        status >> found.peak;
+      } else if (name == "RssAnon:") {
+        status >> found.own;
+      }
+    }
+    return found;
   }
 
   // Hears it out. Returns the processor time of the program itself, without the programs it has started.
@@ -337,6 +355,45 @@ bool show_system_calls(const std::string& directory) {
   return reached;
 }
 
+// ---- Memory ----
+
+Run::Memory memory_at(const std::string& program, const std::vector<Workload>& typed) {
+  Run run({program});
+  run.heard(2000, 20);
+  for (const Workload& workload : typed) {
+    for (const std::string& line : workload.round) {
+      run.type(line + "\n");
+      run.heard(2000, 20);
+    }
+  }
+  return run.memory();
+}
+
+// What comes into view during a session are pages of the C library and of the settings, which are there for
+// everybody: then only what is the console's own counts.
+bool show_memory(const std::string& directory) {
+  constexpr double peak_goal = 1.15;
+  constexpr int own_goal = 48;
+  // Where a program's pages lie has its part in how many the kernel brings into view: always at the same
+  // place.
+  if (personality(ADDR_NO_RANDOMIZE) < 0) {
+    std::puts("Memory is measured where a program may be told where it lies.");
+    return true;
+  }
+  const Workload into_lists = {.round = {"admin", "admin", "1"}}, into_wan = {.round = {"q", "0"}};
+  const Run::Memory empty = memory_at(directory + "/empty", {}),
+                    first = memory_at(directory + "/console", {}),
+                    last = memory_at(directory + "/console",
+                                     {into_lists, workloads()[lists], into_wan, workloads()[wan_refused]});
+  const double ratio = static_cast<double>(first.peak) / empty.peak;
+  const bool reached = ratio <= peak_goal && last.own - empty.own <= own_goal;
+  std::printf("%-39s %8d %9d %6.2f  (floor: an empty program)\n%-39s %8d %9d%s\n",
+              "memory at the first prompt, KiB", first.peak, empty.peak, ratio,
+              "of that its own, after lists and dialogues", last.own, empty.own,
+              reached ? "" : "  GOAL MISSED");
+  return reached;
+}
+
 int run(const std::string& what, const std::string& directory) {
   if (what == "names") {
     for (const Workload& workload : workloads()) {
@@ -367,6 +424,9 @@ int run(const std::string& what, const std::string& directory) {
   }
   if (what == "times") {
     good = show_system_calls(directory) && good;
+  }
+  if (what != "record") {
+    good = show_memory(directory) && good;
   }
   return good ? 0 : 1;
 }

@@ -1,14 +1,10 @@
 """A walk through all menus of the whole device: what is shown, stored and in force then, also with the programs for
-32-bit Arm under qemu; and what a console costs on the way."""
+32-bit Arm under qemu."""
 
 import io
-import pathlib
 import re
-import subprocess
 from shutil import which
 
-import pexpect
-import psutil
 import pytest
 from desk import Desk
 
@@ -80,8 +76,6 @@ UPnP: programs of the LAN open ports at 192.168.1.1
 # Of the moment, and shown: the clock, by the device page and by the date dialogue, and the time since the start.
 MOMENT = re.compile(r"(System Date|Up Time) : .*|(Year  |Month |Day   |Hour  |Minute|Second)\(\d+\)")
 
-DOES_NOTHING = '#include <unistd.h>\nint main(void) { char c; return (write(1, "?", 1) + read(0, &c, 1)) < 0; }\n'
-
 
 def walk(child):
     """From the main menu to each item of each submenu, and back to the main menu."""
@@ -143,31 +137,3 @@ def test_arm_shows_and_stores_the_same(toured, tmp_path):
         pytest.skip("The programs for Arm need the packages g++-arm-linux-gnueabihf and qemu-user.")
     with Desk(tmp_path, preset="arm") as desk:
         assert tour(desk)[0].splitlines() == toured[0].splitlines()
-
-
-def memory(desk, program, walks=False):
-    """In kilobytes, at the first prompt or after all menus: the most there ever was, and what is its own. What comes
-    into view during a session are pages of the C library and of the settings, which are there for everybody."""
-    # Where a program's pages lie has its part in how many the kernel brings into view: always at the same place.
-    child = desk.spawn("setarch", "-R", "desk/join", program)
-    child.expect("[?:]")
-    if walks:
-        walk(child.log_in())
-    joined = psutil.Process(child.pid)
-    process = [joined, *joined.children(recursive=True)][-1]
-    status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
-    peak, own = [int(re.search(field + r":\s+(\d+)", status)[1]) for field in ("VmHWM", "RssAnon")]
-    print(f"\n{program}{walks * ' after all menus'}: at most {peak} KiB of memory, {own} KiB its own")
-    return peak, own
-
-
-def test_a_console_takes_little_more_memory_than_a_program_that_does_nothing(desk):
-    desk.console()
-    if desk.run("-R", "true", program="setarch").returncode:
-        pytest.skip("Memory is measured where a program may be told where it lies (setarch -R).")
-    hardened = ["-fPIE", "-pie", "-fstack-protector-strong", "-Wl,-z,relro,-z,now"]  # as the console is
-    subprocess.run(["cc", "-Os", "-s", *hardened, "-o", desk.root / "usr/sbin/waits", "-xc", "-"], input=DOES_NOTHING,
-                   text=True, check=True)
-    peak, own = memory(desk, "/usr/sbin/waits")
-    assert memory(desk, "/usr/sbin/console")[0] <= 1.15 * peak
-    assert memory(desk, "/usr/sbin/console", walks=True)[1] <= own + 48

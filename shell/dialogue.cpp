@@ -168,12 +168,11 @@ std::uint32_t Dialogue::ask_pick(Question question, std::size_t count, const Opt
   return static_cast<std::uint32_t>(ask(question, std::nullopt, option));
 }
 
-void Dialogue::ask_text(Prompt<Shows::text> literal, Bytes field, TextRule rule) {
-  const PromptText prompt = literal;
+void Dialogue::ask_text(PromptText prompt, Bytes field, TextRule rule) {
   if (ended_) {
     return;
   }
-  if (prompt.shows_value() && !rule.with_line_feed) {
+  if (prompt.shows() == Shows::text && !rule.with_line_feed) {
     config::strip_newline(field);
   }
   const std::size_t room = field.size() - 1 - (rule.with_line_feed ? 1 : 0);

@@ -132,6 +132,11 @@ class Dialogue {
   void text(Prompt<Shows::text> prompt, config::Text<N>& field, TextRule rule = {}) {
     ask_text(prompt, field.bytes, rule);
   }
+  // The same for a prompt that does not show the text, which is not cut then.
+  template <std::size_t N>
+  void hidden_text(Prompt<Shows::nothing> prompt, config::Text<N>& field, TextRule rule = {}) {
+    ask_text(prompt, field.bytes, rule);
+  }
 
   // ---- Answers that are no settings: which of `count` things, numbered from 0 ----
   // Required unless option.empty_is_zero, and refused as a choice. A "%d" in the prompt shows the last
@@ -194,7 +199,7 @@ class Dialogue {
   Value ask_and_note(const Question& question, Bytes field, const Option& option);
   config::Ipv4 ask_address(const Question& question, config::Ipv4& field, const Option& option);
   std::uint32_t ask_pick(Question question, std::size_t count, const Option& option);
-  void ask_text(Prompt<Shows::text> prompt, Bytes field, TextRule rule);
+  void ask_text(PromptText prompt, Bytes field, TextRule rule);
   bool left();
   void report(const Refusal& refusal);
   void answered(const Option& option, std::size_t typed);

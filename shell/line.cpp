@@ -20,7 +20,8 @@ std::array<char, 4096> arrived;
 std::size_t arrived_at = 0;
 std::size_t arrived_end = 0;
 
-void wait_for_more() {
+// Not inline: read_line() would save registers for it each time, and needs it once in many lines.
+[[gnu::noinline]] void wait_for_more() {
   flush_output();
   arrived_at = 0;
   arrived_end = output_is_lost() ? 0 : platform::read_input(arrived);

@@ -32,9 +32,9 @@ void put(const char* text);
 void put(char character);
 void put(Number number);
 void put(const Cell& cell);
-// Each octet right-aligned in so many columns.
-void put_columns(config::Ipv4 address, std::uint8_t columns);
 void put(config::Ipv4 address);
+// Each octet right-aligned in three columns.
+void put_in_columns(config::Ipv4 address);
 void put(const config::Mac& mac);
 // One behind the other.
 template <typename First, typename Second, typename... More>

@@ -58,30 +58,27 @@ bool is_valid_netmask(config::Ipv4 mask) {
 
 config::Ipv4 parse_ipv4(std::string_view text, char separator) {
   constexpr config::Ipv4 refused{};
-  std::size_t separators = 0;
+  config::Ipv4 address{};
+  std::size_t field = 0;
   std::size_t digits = 0;
   for (std::size_t i = 0; i + 1 < text.size(); ++i) {
     if (text[i] == separator) {
-      ++separators;
+      if (++field == address.octet.size()) {
+        return refused;
+      }
       digits = 0;
-    } else if (!is_digit(text[i]) || ++digits > 3) {
+      continue;
+    }
+    if (!is_digit(text[i]) || ++digits > 3) {
       return refused;
     }
-  }
-  config::Ipv4 address{};
-  if (separators != address.octet.size() - 1) {
-    return refused;
-  }
-  for (std::uint8_t& octet : address.octet) {
-    const std::string_view field = text.substr(0, text.find(separator));
-    const std::uint32_t value = decimal_value(field).value_or(UINT32_MAX);
+    const int value = 10 * address.octet[field] + (text[i] - '0');
     if (value > 255) {
       return refused;
     }
-    octet = static_cast<std::uint8_t>(value);
-    text.remove_prefix(std::min(field.size() + 1, text.size()));
+    address.octet[field] = static_cast<std::uint8_t>(value);
   }
-  return address;
+  return field == address.octet.size() - 1 ? address : refused;
 }
 
 std::optional<config::Mac> parse_mac(std::string_view text, char separator) {

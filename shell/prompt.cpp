@@ -42,13 +42,8 @@ void PromptText::show(std::uint32_t number, Value value, std::string_view text) 
   if (parts.value != nullptr) {
     put(std::string_view(shown, parts.value));
     put_value(shows_, value, text);
-    shown = parts.value + conversion_of(shows_).size();
   }
-  put(shown);
-}
-
-bool PromptText::shows_value() const {
-  return take_apart(literal_, shows_).value != nullptr;
+  put(std::string_view(parts.rest, parts.end));
 }
 
 }  // namespace shell

@@ -20,7 +20,7 @@ enum class Shows : std::uint8_t {
   number,
   address,
   mac,
-  text,  // or nothing: some texts are asked for without being shown
+  text,
 };
 
 constexpr std::string_view conversion_of(Shows shows) {
@@ -51,29 +51,35 @@ constexpr const char* conversion_in(const char* prompt) {
 }
 
 // Where a prompt has a number of its own, and where the value that it shows; nullptr for one that it does not
-// have.
+// have. What is behind these reaches to the next conversion, or the prompt's end.
 struct PromptParts {
   const char* number;
   const char* value;
+  const char* rest;
+  const char* end;
 };
 
 // Of a prompt that fits its type.
 constexpr PromptParts take_apart(const char* prompt, Shows shows) {
   const char* const first = conversion_in(prompt);
   if (*first == '\0') {
-    return {nullptr, nullptr};
+    return {nullptr, nullptr, prompt, first};
   }
+  const char* number = nullptr;
+  const char* value = first;
   if (first[1] == 'd') {
-    // A number alone is the prompt's own where no number is shown.
-    const char* const second = conversion_in(first + 1);
-    if (*second != '\0') {
-      return {first, second};
+    const char* const behind = first + conversion_of(Shows::number).size();
+    const char* const second = conversion_in(behind);
+    if (*second == '\0') {
+      // A number alone is the prompt's own where no number is shown.
+      const bool is_value = shows == Shows::number;
+      return {is_value ? nullptr : first, is_value ? first : nullptr, behind, second};
     }
-    if (shows != Shows::number) {
-      return {first, nullptr};
-    }
+    number = first;
+    value = second;
   }
-  return {nullptr, first};
+  const char* const rest = value + conversion_of(shows).size();
+  return {number, value, rest, conversion_in(rest)};
 }
 
 // A prompt that the compiler has checked.
@@ -83,8 +89,7 @@ class PromptText {
   // shows, or `text` where it shows a text.
   void show(std::uint32_t number, Value value, std::string_view text) const;
 
-  // False for a text that is asked for without being shown.
-  bool shows_value() const;
+  Shows shows() const { return shows_; }
 
  private:
   template <Shows shows>
@@ -113,15 +118,12 @@ void prompt_does_not_show_what_its_type_says();
 
 template <Shows shows>
 consteval Prompt<shows>::Prompt(const char* literal) : literal_(literal) {
-  const auto [number, value] = take_apart(literal, shows);
-  const char* rest = number == nullptr ? literal : number + conversion_of(Shows::number).size();
-  bool fits = shows == Shows::nothing || shows == Shows::text;
-  if (value != nullptr) {
-    const std::string_view conversion = conversion_of(shows);
-    fits = shows != Shows::nothing && std::string_view(value).starts_with(conversion);
-    rest = value + conversion.size();
-  }
-  if (!fits || *conversion_in(rest) != '\0') {
+  const PromptParts parts = take_apart(literal, shows);
+  const bool fits =
+      parts.value == nullptr
+          ? shows == Shows::nothing
+          : shows != Shows::nothing && std::string_view(parts.value).starts_with(conversion_of(shows));
+  if (!fits || *parts.end != '\0') {
     prompt_does_not_show_what_its_type_says();
   }
 }

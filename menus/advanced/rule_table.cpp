@@ -117,7 +117,7 @@ const char* protocol_name(std::uint8_t protocol) {
 }
 
 void show_address(config::Ipv4 address) {
-  shell::put_columns(address, 3);
+  shell::put_in_columns(address);
 }
 
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {

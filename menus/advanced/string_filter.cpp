@@ -25,7 +25,7 @@ void ask_clients(shell::Dialogue& ask, StringFilter& rule) {
 void ask_url(shell::Dialogue& ask, StringFilter& rule) {
   ask_clients(ask, rule);
   if (ask.adding()) {
-    ask.text("URL Filter String?(MAX Character:255):", rule.filter_string);
+    ask.hidden_text("URL Filter String?(MAX Character:255):", rule.filter_string);
     return;
   }
   if (!ask.ended()) {
@@ -39,7 +39,7 @@ void ask_url(shell::Dialogue& ask, StringFilter& rule) {
 // The stored text is neither shown nor cut.
 void ask_domain(shell::Dialogue& ask, StringFilter& rule) {
   ask_clients(ask, rule);
-  ask.text("Domain Filter String?(MAX Character:255):", rule.filter_string);
+  ask.hidden_text("Domain Filter String?(MAX Character:255):", rule.filter_string);
 }
 
 }  // namespace

@@ -139,7 +139,7 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   }
   ask.mac("MAC?<%02x:%02x:%02x:%02x:%02x:%02x>:", client.mac);
   if (ask.adding()) {
-    ask.text("Description?:", client.description, {.optional = true});
+    ask.hidden_text("Description?:", client.description, {.optional = true});
   } else {
     ask.text("Description?<%s>:", client.description);
   }

@@ -43,7 +43,8 @@ CallScreenEntry& pick_entry(Dialogue& ask, shell::Option option = {}) {
 }
 
 void ask_number(Dialogue& ask, CallScreenEntry& answers) {
-  ask.text("input Phone Number:", answers.screen_number, {.max = longest_phone_number, .digits_only = true});
+  ask.hidden_text("input Phone Number:", answers.screen_number,
+                  {.max = longest_phone_number, .digits_only = true});
 }
 
 // The answers go to a record of their own: which entry is free is decided after the last question.

@@ -26,9 +26,9 @@ PhoneBookEntry& pick_entry(shell::Dialogue& ask) {
 void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key_prompt,
                   PhoneBookEntry& entry) {
   const auto key = ask.hidden_number(key_prompt, entry.dial_key, {0, PhoneBookEntry::no_dial_key});
-  ask.text("phone number(Max 15 character):", entry.phone_number,
-           {.max = longest_phone_number, .digits_only = true});
-  ask.text("note(Max 255 character):", entry.note, {.max = 255, .may_be_empty = true});
+  ask.hidden_text("phone number(Max 15 character):", entry.phone_number,
+                  {.max = longest_phone_number, .digits_only = true});
+  ask.hidden_text("note(Max 255 character):", entry.note, {.max = 255, .may_be_empty = true});
   if (ask.ended()) {
     return;
   }

@@ -39,6 +39,9 @@ class Terminal(pexpect.spawn):
         self.answer({"Password": "admin"})
         return self
 
+    def items(self):
+        return re.findall(r"^\d+:(.*)\r$", self.menu, re.M)
+
     def choose(self, item):
         number = re.search(rf"^(\w+):{re.escape(item)}\r$", self.menu, re.M)
         assert number, f"There is no {item!r} in this menu:\n{self.menu}"

@@ -77,16 +77,19 @@ UPnP: programs of the LAN open ports at 192.168.1.1
 MOMENT = re.compile(r"(System Date|Up Time) : .*|(Year  |Month |Day   |Hour  |Minute|Second)\(\d+\)")
 
 
-def walk(child):
-    """From the main menu to each item of each submenu, and back to the main menu."""
-    def items(menu):
-        return re.findall(r"^\d+:(.*)\r$", menu, re.M)
-
+def tour(desk):
+    """What a walk to each item of each submenu shows, without what is of the moment, and what it leaves behind; and the
+    device's log."""
+    desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
+    child = desk.console().log_in()
+    # The snapshot of the log is made only when there is none.
+    desk.shell("while [ $((i += 1)) -le 25 ]; do echo entry $i %s; done >/var/tmp/messages.tmp")
+    child.logfile_read = io.StringIO()
     unseen = {item for item, *_ in VISITS}
-    for submenu in items(child.menu):
+    for submenu in child.items():
         child.choose(submenu)
         child.answer()
-        for item in items(child.menu):
+        for item in child.items():
             for answers in [answers for visited, *answers in VISITS if visited == item] or [()]:
                 child.choose(item)
                 child.answer(*answers)
@@ -94,16 +97,6 @@ def walk(child):
         child.choose("Exit")
         child.answer()
     assert not unseen
-
-
-def tour(desk):
-    """What a walk shows, without what is of the moment, and what it leaves behind; and the device's log."""
-    desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
-    child = desk.console().log_in()
-    # The snapshot of the log is made only when there is none.
-    desk.shell("while [ $((i += 1)) -le 25 ]; do echo entry $i %s; done >/var/tmp/messages.tmp")
-    child.logfile_read = io.StringIO()
-    walk(child)
     shown = MOMENT.sub(r"\1\2", child.logfile_read.getvalue().replace("\r\n", "\n"))
     shown += desk.shell("cd /var/run && cat nat.rules filter.rules staticroute.rules upnpd.rules")
     if desk.owns_network():

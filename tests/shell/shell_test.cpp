@@ -115,20 +115,21 @@ TEST(Login, IsGuardedBeforeItAndAfterThePassword) {
 // ---- Output ----
 
 TEST(Output, IsWrittenBeforeSomethingDoesNotFit) {
-  const string full(20480, 'x');
-  for (void (*const put_one)() :
-       {+[] { shell::put('c'); }, +[] { shell::put("text"); }, +[] { shell::put(config::Ipv4{}); },
-        +[] { shell::put(shell::Number(1)); }, +[] { shell::put(config::Mac{}); },
-        +[] {
-          shell::put(shell::Cell{"cell", 20});
-        }}) {
+  const auto goes_behind = [](const string& all, const auto& one) {
     FactoryDevice device;
     use_device(device);
-    shell::put(full);
-    put_one();
-    EXPECT_EQ(device.transcript, full);
+    shell::put(all);
+    shell::put(one);
+    EXPECT_EQ(device.transcript, all);
     shell::reset_output();
-  }
+  };
+  const string full(20480, 'x');
+  goes_behind(full, 'c');
+  goes_behind(full, "text");
+  goes_behind(full, config::Ipv4{});
+  goes_behind(full, shell::Number(1));
+  goes_behind(full, config::Mac{});
+  goes_behind(full, shell::Cell{"cell", 20});
 }
 
 // ---- Sessions ----

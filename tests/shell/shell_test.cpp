@@ -17,7 +17,6 @@ const string goodbye = "Bye Bye!!\n", unknown = "This command is not define!\n";
 const string main_menu =
     "0:Basic Network Setting\n1:Advanced Network Setting\n2:SIP setting\n3:VoIP Setting\n4:Tools\n5:Status\n" +
     string(78, '-') + "\nq:Exit\n\n";
-// The labels of its items stand in docs/menus.md.
 const string tools_menu(menus::menu_tree[4]->screen());
 
 // What is shown behind the login until the connection is closed, or the console ends.
@@ -26,8 +25,6 @@ string shown(FactoryDevice& device, const string& typed) {
   const string login = "Username:Password:" + main_menu + menu_prompt;
   return device.transcript.starts_with(login) ? device.transcript.substr(login.size()) : "not in: " + device.transcript;
 }
-
-// ---- Menus ----
 
 // Each of the lines, typed at the main menu or behind `way_in`, which shows `screen`.
 void each(const Strings& lines, const string& answer, const string& way_in = "", const string& screen = "") {
@@ -71,8 +68,6 @@ TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {
   EXPECT_EQ(shown(taken, "nonsense\n"), ended);
 }
 
-// ---- Login ----
-
 TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
   const string n31(31, 'n');
   // What is stored, and what is typed.
@@ -112,8 +107,6 @@ TEST(Login, IsGuardedBeforeItAndAfterThePassword) {
   }
 }
 
-// ---- Output ----
-
 TEST(Output, IsWrittenBeforeSomethingDoesNotFit) {
   const auto goes_behind = [](const string& all, const auto& one) {
     FactoryDevice device;
@@ -131,8 +124,6 @@ TEST(Output, IsWrittenBeforeSomethingDoesNotFit) {
   goes_behind(full, config::Mac{});
   goes_behind(full, shell::Cell{"cell", 20});
 }
-
-// ---- Sessions ----
 
 TEST(Session, EndsBeforeAnyPromptWithoutItsSegments) {
   for (const auto& [call, end] : Answers{{"attach 1234", "1{cfgid: Permission denied}"},

@@ -1,5 +1,5 @@
-// The device as the fake platform plays it: records in memory, a clock that stands still, scripted input, and
-// every command noted in the order in which it was run.
+// The device as the fake platform plays it: records in memory, a clock that stands still, scripted input, and every
+// command noted in the order in which it was run.
 #pragma once
 
 #include <cstdint>
@@ -58,8 +58,7 @@ struct Device {
   // Calls that fail: "attach 1234", "open PATH", "write PATH", "udp socket", "start PATH", "output", ...
   std::set<std::string> failing;
 
-  // Calls that can fail are counted. The one with the number `fault`, from 1, fails; 0 for none. `failed` is
-  // which call that was.
+  // Calls that can fail are counted. The one with the number `fault`, from 1, fails, and `failed` is which that was.
   std::size_t chances = 0;
   std::size_t fault = 0;
   std::string failed;

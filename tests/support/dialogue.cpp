@@ -10,8 +10,6 @@ namespace tests {
 
 using std::string;
 
-// ---- Kinds of answer ----
-
 static const string nul(1, '\0');
 
 Kind number(std::uint64_t low, std::uint64_t high) {
@@ -64,8 +62,6 @@ Kind line(std::size_t longest) {
   return kind;
 }
 
-// ---- Questions ----
-
 namespace {
 
 string name_of(const Question& question) {
@@ -114,8 +110,6 @@ FactoryDevice device_of(const Dialogue& dialogue) {
   }
   return device;
 }
-
-// ---- The visits that follow from the rows ----
 
 class Holding {
  public:
@@ -179,8 +173,7 @@ class Holding {
     return device;
   }
 
-  // Every question with Enter where it is taken, or else its first answer; then with its first answer, its
-  // second, and so on, or its last.
+  // Enter wherever it is taken, first answers elsewhere; then all first answers, all second ones, and so on.
   void answer_all(const FactoryDevice& device) {
     std::size_t most = 0;
     for (std::size_t number = 0; number <= most; ++number) {
@@ -209,8 +202,7 @@ class Holding {
     }
   }
 
-  // Gives these answers, and a refused one to the question behind them if there is one. No more in a test that
-  // has failed.
+  // Gives these answers, and a refused one to the question behind them. No more in a test that has failed.
   void visit(const FactoryDevice& device, const Given& given, const string& refused = "") {
     if (testing::Test::HasFailure()) {
       return;
@@ -241,8 +233,7 @@ class Holding {
     EXPECT_EQ(differences(expected.settings, visited.settings), "") << "stored wrongly";
   }
 
-  // What the question shows, of a new record zeros. A text that it shows is cut at its line feed, unless it is
-  // stored with one.
+  // What the question shows, of a new record zeros. A text is cut then at its line feed, unless it is stored with one.
   string ask(const Question& question, FactoryDevice& expected) const {
     static const config::ConfigurationSegment zeros{};
     string value = shown_value(question, dialogue_.adding ? zeros : expected.settings);

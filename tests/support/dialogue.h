@@ -1,12 +1,12 @@
-// Dialogues as tables of questions. A row states the field, what it holds, the prompt with the conversion of
-// the value it shows, and what kind of answer it takes; how it departs from the others is named behind that:
+// Dialogues as tables of questions. A row states the field, what it holds, the prompt with the conversion of the value
+// it shows, and what kind of answer it takes; how it departs from the others is named behind that:
 //
 //   Question(fields.sip.sip_port, 5060, "SIP Port Number?<%d>(1024~65535):", number(1024, 65535)),
 //   Question(fields.sip.sip_host_name, "hub", "Host Name?<%s>(MAX Character:35):", text(35),
 //            {.too_long = TooLong::empties}),
 //
-// hold() makes every visit that follows from the rows, and holds what is shown to the last character and what
-// is stored to the last byte. A failure names the row that was answered last.
+// hold() makes every visit that follows from the rows, and holds what is shown to the last character and what is stored
+// to the last byte. A failure names the row that was answered last.
 #pragma once
 
 #include <concepts>
@@ -122,10 +122,10 @@ struct Dialogue {
 };
 inline const std::string listed = "<the list>";
 
-// All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole
-// transcript, and nothing changes. With each accepted answer over either: the whole transcript, and these
-// fields change and no other byte. With each refused answer behind accepted ones: how it ends, and
-// nothing is saved or changes. Returns the device on which it begins: the fields hold what the rows say.
+// All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole transcript,
+// and nothing changes. With each accepted answer over either: the whole transcript, and these fields change and no
+// other byte. With each refused answer behind accepted ones: how it ends, and nothing is saved or changes. Returns the
+// device on which it begins: the fields hold what the rows say.
 FactoryDevice hold(const Dialogue& dialogue);
 
 // ---- Visits that follow from no row ----

@@ -58,17 +58,15 @@ struct Answer {
 };
 using Answers = std::vector<Answer>;
 
-// Logs in, opens the submenu and the item, answers, and closes the connection when the submenu is shown again
-// or, in the first form, when all is typed. Holds the visit to what is true of every dialogue: nothing is
-// left open, and what was saved is what is stored. Returns what is shown from the item's first words on,
-// commands and the like as "{...}", up to the submenu; it ends with "Bye Bye!!\n" when the console did not
-// get there.
+// Logs in, opens the submenu and the item, answers, and closes the connection when the submenu is shown again or, in
+// the first form, when all is typed. Holds the visit to what is true of every dialogue: nothing is left open, and what
+// was saved is what is stored. Returns what is shown from the item's first words up to the submenu, or to "Bye Bye!!\n"
+// when the console did not get there.
 std::string visit_typing(Device& device, const Item& item, const std::string& lines);
 // Enter at every question that is not named. Each one named has to be asked.
 std::string visit(Device& device, const Item& item, const Answers& answers);
 
-// "name=value" of every element that differs, separated by blanks; in reserved ranges and behind a NUL as
-// well.
+// "name=value" of every element that differs, separated by blanks; in reserved ranges and behind a NUL as well.
 std::string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after);
 
 }  // namespace tests

@@ -14,8 +14,6 @@ Item item(const string& label) {
   return {"Advanced Network Setting", label};
 }
 
-// ---- NAT and UPnP ----
-
 TEST(Nat, SwitchesAndDmz) {
   auto& nat = fields.nat;
   const string choices = "(0:disable, 1:Enable):";
@@ -145,8 +143,6 @@ std::vector<Question> schedule(config::Schedule& stored, bool adding) {
       Question(stored.week_mask, "1100011", (adding ? "End Day?<0>" : "End Day?<1>") + days, end_days, {.tame = true}),
   };
 }
-
-// ---- The tables ----
 
 TEST(RuleTables, VirtualServers) {
   const Table table = {.item = item("Virtual Server Setting"),

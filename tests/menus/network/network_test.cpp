@@ -11,8 +11,6 @@ const Item wan_setting = {"Basic Network Setting", "Wan Setting"};
 const Item lan_setting = {"Basic Network Setting", "Lan Setting"};
 const Item dhcp_setting = {"Basic Network Setting", "DHCP setting"};
 
-// ---- WAN ----
-
 const string reboots =
     save + "Device will be reboot, please wait 60 seconds and re-connect!!\n\n{/sbin/bbreboot &}{sleep 1}";
 
@@ -142,8 +140,6 @@ TEST(Wan, BigPond) {
                name(all.bigpond_server, "b", "BigPond Server IP or domain Name")}));
 }
 
-// ---- LAN ----
-
 const string restarts_lan =
     save + "Device will be restart, please re-connect!!\n\n" + silently("/etc/init.d/reset_lan.sh") + "Bye Bye!!\n";
 
@@ -168,8 +164,6 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
               "lan_netmask=255.128.0.0 lan_ip=10.0.3.1 lan_broadcast=10.127.255.255 dns_proxy_enable=0 "
               "dhcp_start_ip=10.0.3.100 dhcp_end_ip=10.0.3.200")});
 }
-
-// ---- DHCP ----
 
 const string restarts_dhcp = save + "{/etc/init.d/udhcpd.sh restart > /dev/null}" + setting_saved;
 const string stops_dhcp = save + "{/etc/init.d/udhcpd.sh stop > /dev/null}" + setting_saved;

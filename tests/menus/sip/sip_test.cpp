@@ -38,8 +38,6 @@ TEST(Sip, Basic) {
         Visit({{"Media Port Start", "20000"}}, save_and_tell_daemon, "media_port_start=20000")});
 }
 
-// ---- Accounts ----
-
 std::vector<Question> questions_of_line(std::size_t i) {
   auto& line = fields.sip_line[i];
   auto& server = fields.sip_server[i];

@@ -9,8 +9,6 @@ namespace {
 using std::string;
 using namespace std::string_literals;
 
-// ---- Device information ----
-
 const string routes = "route -n | awk '{print $2\" \"$4}' ", eth0 = "/sbin/ifconfig eth0";
 const string ruler = string(54, '-') + "\n", done = "Configuration successed.\n";
 
@@ -90,8 +88,6 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
   hold_page(device_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
 }
 
-// ---- The log ----
-
 const Item log_page = {"Status", "Log"};
 const string rule = string(65, '-') + "\n", no_more = rule + "haven't other log message\n\n\n";
 
@@ -168,7 +164,6 @@ TEST(VoiceDaemon, TellsByItsCodesWhatFailed) {
   }
 }
 
-// That a page has these; docs/menus.md shows the whole of it.
 void expect_lines(const string& page, const Strings& lines) {
   for (const string& line : lines) {
     EXPECT_NE(page.find("\n" + line + "\n"), string::npos) << line << "\nis not in" << page;

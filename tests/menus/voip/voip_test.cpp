@@ -16,8 +16,6 @@ Dialogue dialogue_of(const string& label, const string& opening, const std::vect
   return dialogue;
 }
 
-// ---- Settings ----
-
 std::vector<Question> call_service_of_phone(std::size_t i) {
   auto& phone = fields.call_service.phone_call_service[i];
   const string of_phone = "Call Service Phone " + std::to_string(i) + " ";
@@ -155,11 +153,12 @@ TEST(PhoneBook, EachAction) {
   const string note(255, 't');
   FactoryDevice device;
   device.set("phone_book[7].phone_number", "100").set("phone_book[7].note", "n\\x0a");
+  device.set("phone_book[9].dial_key", "9");
   hold(book, device,
        {Visit(act("1", {{"No=?", "7"}}), "No=?(0-49):\n" + saved,
               "phone_book[7].phone_number=\\x0000 phone_book[7].note=\\x00\\x0a"),
         Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + done),
-        Visit(act("2", {{"No=?", "07"}, {"note", "q"}}), "note(Max 255 character):q:Exit\n" + done),
+        Visit(act("2", {{"No=?", "07"}, {"DialKey", "9"}, {"note", "q"}}), "note(Max 255 character):q:Exit\n" + done),
         Visit(act("2", {{"No=?", ""},
                         {"No=?", "50"},
                         {"No=?", "7"},
@@ -170,7 +169,9 @@ TEST(PhoneBook, EachAction) {
                         {"phone number", sevens},
                         {"note", note + "t"},
                         {"note", note}}),
-              saved, "phone_book[7].dial_key=9 phone_book[7].phone_number=" + sevens + " phone_book[7].note=" + note),
+              saved,
+              "phone_book[9].dial_key=10 phone_book[7].dial_key=9 phone_book[7].phone_number=" + sevens +
+                  " phone_book[7].note=" + note),
         Visit(act("3"), "Action :\nPhone book\n" + rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n\n" + rule +
                             rule + done)});
   // Whoever else has a key loses it, free entries as well. A new entry needs no note, but a key and a number.

@@ -1,0 +1,10 @@
+if(CMAKE_CROSSCOMPILING)
+  # GoogleTest for another machine comes from its sources (package googletest).
+  set(googletest /usr/src/googletest/googletest)
+  add_library(gtest_main STATIC ${googletest}/src/gtest-all.cc ${googletest}/src/gtest_main.cc)
+  target_include_directories(gtest_main SYSTEM PUBLIC ${googletest}/include PRIVATE ${googletest})
+  target_compile_options(gtest_main PRIVATE -w -O0)
+  add_library(GTest::gtest_main ALIAS gtest_main)
+else()
+  find_package(GTest REQUIRED)
+endif()

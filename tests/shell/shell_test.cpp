@@ -1,4 +1,3 @@
-// The session around the dialogues: login, menus, lines.
 #include <gtest/gtest.h>
 
 #include "menus/menu_tree.h"

@@ -40,7 +40,6 @@ struct Device {
 
   // What commands print, by command line; a command that is not here prints nothing.
   std::map<std::string, std::string> command_output;
-  // Called for each command line run through the shell.
   std::function<void(const std::string& command)> on_command = [](const std::string&) {};
   std::map<std::string, int> program_status;  // by path; 0 when it is not here
   std::map<std::string, std::string> files;
@@ -51,7 +50,6 @@ struct Device {
   // The fields that answers were written to, in that order.
   std::vector<void*> written;
 
-  // The settings as they were when they were last saved.
   std::optional<config::ConfigurationSegment> saved;
   int saves = 0;
 
@@ -67,7 +65,6 @@ struct Device {
   int attached_segments = 0;
 };
 
-// The device of the running test.
 Device& device();
 void use_device(Device& device);
 

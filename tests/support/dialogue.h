@@ -49,8 +49,6 @@ Kind mac();
 Kind text(std::size_t longest);
 Kind line(std::size_t longest);  // stored with the line feed that ended it
 
-// ---- Questions ----
-
 enum class TooLong : std::uint8_t { is_refused, empties, keeps };
 
 // How a question departs from the others.
@@ -75,7 +73,6 @@ struct Stored {
   Stored(const char* text) : value(text) {}
 };
 
-// Where a row stands in the tests.
 using Place = std::source_location;
 constexpr Place here(Place place = Place::current()) {
   return place;
@@ -99,8 +96,6 @@ struct Question {
   Departures departs;
   Place place;
 };
-
-// ---- Dialogues ----
 
 enum class Refusals : std::uint8_t {
   by_kind,     // message 1 for a choice, message 2 for anything else; the dialogue ends

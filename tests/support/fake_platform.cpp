@@ -52,7 +52,6 @@ int result(const string& call, int error, int succeeded = 0) {
   return fails(call) ? -error : succeeded;
 }
 
-// A descriptor for it, or the negative errno value.
 int open_file(const OpenFile& file, const string& call, int error) {
   const int descriptor = result(call, error, open_files.empty() ? 0 : open_files.rbegin()->first + 1);
   if (descriptor >= 0) {

@@ -25,17 +25,13 @@ inline const std::string save_and_tell_daemon = save + setting_saved + "{attach 
 // The command as the transcript has it when its output goes nowhere.
 std::string silently(const std::string& command);
 
-// `text` with `by` wherever it had `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 
-// One list, then the other.
 template <typename Element>
 std::vector<Element> operator+(std::vector<Element> list, const std::vector<Element>& more) {
   list.insert(list.end(), more.begin(), more.end());
   return list;
 }
-
-// ---- Sessions ----
 
 // A device with a user admin/admin, an idle time-out of 300 seconds, all slots free and everything else 0.
 struct FactoryDevice : Device {

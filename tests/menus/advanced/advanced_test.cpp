@@ -100,7 +100,6 @@ Dialogue rules(const Table& table, std::uint8_t& enable, bool adding, const std:
   return dialogue;
 }
 
-// The answers that lead to rule 3, and those of a table with a switch.
 const Answers to_rule = {{"Add new rule", "1"}, {"What item", "3"}, {"Del or Edit", "1"}};
 const Answers to_switched_rule = Answers{{"Function?", "1"}} + to_rule;
 

@@ -116,7 +116,6 @@ TEST(Sip, NatTraversal) {
   };
   hold(upnp);
 
-  // Whatever is not 0 is on.
   hold(nat_traversal, hold(stun).set("stun_enable", "2").set("sip_upnp_enable", "1"),
        {Visit({{"STUN Server", ""}}, save_and_tell_daemon, "sip_upnp_enable=0"),
         Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});

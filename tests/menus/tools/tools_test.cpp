@@ -36,7 +36,6 @@ TEST(DayTime, SetByATimeServer) {
               "time_zone=24 " + cut),
         Visit({{"Set By", "1"}, {"Zone", "25"}, {"Address", server}}, done, "date_time_set_by=1 ntp_server=" + server),
         Visit({{"Set By", "1"}, {"Zone", "0"}, {"Address", server + "n"}}, illegal_value, "time_zone=0 " + cut)});
-  // Other programs may store anything.
   hold(day_time, device.set("time_zone", "25"), {Visit({{"Set By", "1"}, {"Time Zone : 25-\n0-", "x"}}, done, cut)});
   hold(day_time, device.set("date_time_set_by", "7"), {Visit({}, "NTP Time Server):" + save + setting_saved)});
 }

@@ -357,14 +357,12 @@ bool show_system_calls(const std::string& directory) {
 
 // ---- Memory ----
 
-Run::Memory memory_at(const std::string& program, const std::vector<Workload>& typed) {
+Run::Memory memory_behind(const std::string& program, const std::vector<std::string>& lines) {
   Run run({program});
   run.heard(2000, 20);
-  for (const Workload& workload : typed) {
-    for (const std::string& line : workload.round) {
-      run.type(line + "\n");
-      run.heard(2000, 20);
-    }
+  for (const std::string& line : lines) {
+    run.type(line + "\n");
+    run.heard(2000, 20);
   }
   return run.memory();
 }
@@ -380,11 +378,16 @@ bool show_memory(const std::string& directory) {
     std::puts("Memory is measured where a program may be told where it lies.");
     return true;
   }
-  const Workload into_lists = {.round = {"admin", "admin", "1"}}, into_wan = {.round = {"q", "0"}};
-  const Run::Memory empty = memory_at(directory + "/empty", {}),
-                    first = memory_at(directory + "/console", {}),
-                    last = memory_at(directory + "/console",
-                                     {into_lists, workloads()[lists], into_wan, workloads()[wan_refused]});
+  std::vector<std::string> lines = {"admin", "admin"};
+  for (const Which which : {lists, wan_refused}) {
+    const Workload& typed = workloads()[which];
+    lines.push_back(typed.opening.back());
+    lines.insert(lines.end(), typed.round.begin(), typed.round.end());
+    lines.emplace_back("q");
+  }
+  const Run::Memory empty = memory_behind(directory + "/empty", {}),
+                    first = memory_behind(directory + "/console", {}),
+                    last = memory_behind(directory + "/console", lines);
   const double ratio = static_cast<double>(first.peak) / empty.peak;
   const bool reached = ratio <= peak_goal && last.own - empty.own <= own_goal;
   std::printf("%-39s %8d %9d %6.2f  (floor: an empty program)\n%-39s %8d %9d%s\n",

@@ -117,7 +117,7 @@ TEST(Voip, QosAndTos) {
       " 0:Normal-Service\n 2:Minimize-Cost\n 4:Maximize-Reliability\n 8:Maximize-Throughput\n16:Minimize-Delay\n";
   // The number with which an answer begins counts, and 0 where there is none.
   Kind tos;
-  tos.accepted = {{"0"}, {"16"}, {"Q", "0"}, {"2x", "2"}, {"\t \r+4", "4"}};
+  tos.accepted = {{"0"}, {"16"}, {"Q", "0"}, {"-0", "0"}, {"\a4", "0"}, {"2x", "2"}, {"\t \r+4", "4"}};
   tos.refused = {"1", "17", "-2", "5x", "4294967298"};
   const std::vector<Question> questions = {
       Question(qos.qos_type, 0, setting + "type?<%d>(0:tos, 1:diffserve):", number(0, 1)),

@@ -54,8 +54,8 @@ inline std::string_view text_in(std::span<const char> buffer) {
   return {buffer.data(), ::strnlen(buffer.data(), buffer.size())};
 }
 
-// Replaces the buffer's contents by `text`, which has no NUL, NUL-padded to the buffer's end. A text that
-// does not fit with its NUL is cut; callers refuse such a text before they come here.
+// Replaces the buffer's contents by `text`, NUL-padded to the buffer's end. A text that does not fit with its
+// NUL is cut; callers refuse such a text before they come here. A NUL in `text` ends what is read back.
 inline void put_text(std::span<char> buffer, std::string_view text) {
   const std::string_view kept = text.substr(0, buffer.size() - 1);
   // `text` may lie in the buffer itself.

@@ -61,7 +61,7 @@ enum class Octets : std::uint8_t { as_wide_as_they_are, in_three_columns };
 
 constexpr std::size_t longest_address = std::string_view("255.255.255.255.").size();
 
-// Not as four numbers, which takes three times as long: half of all numbers in the lists are octets.
+// Not as four numbers, which takes twice as long: half of all numbers in the lists are octets.
 char* write(char* at, config::Ipv4 address, Octets octets) {
   const bool aligned = octets == Octets::in_three_columns;
   for (const unsigned octet : address.octet) {

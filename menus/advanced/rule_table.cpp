@@ -116,14 +116,10 @@ const char* protocol_name(std::uint8_t protocol) {
   return protocol < std::size(names) ? names[protocol] : "    ";
 }
 
-void show_address(config::Ipv4 address) {
-  shell::put_in_columns(address);
-}
-
 void show_ip_range(config::Ipv4 start, config::Ipv4 end) {
-  show_address(start);
+  shell::put_in_columns(start);
   shell::put('-');
-  show_address(end);
+  shell::put_in_columns(end);
 }
 
 void show_port_range(std::uint16_t start, std::uint16_t end) {

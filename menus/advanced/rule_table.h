@@ -78,7 +78,6 @@ enum Protocol : std::uint8_t { tcp, udp, both, icmp, all_protocols };
 const char* protocol_name(std::uint8_t protocol);
 
 // Each octet right-aligned in three columns.
-void show_address(config::Ipv4 address);
 void show_ip_range(config::Ipv4 start, config::Ipv4 end);
 // Each port right-aligned in five columns.
 void show_port_range(std::uint16_t start, std::uint16_t end);

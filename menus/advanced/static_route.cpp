@@ -11,11 +11,11 @@ constexpr config::Ipv4 host_netmask{{255, 255, 255, 255}};
 
 void show(const config::StaticRoute& route) {
   shell::put('|', route.route_type != 0 ? "Host" : "Net ", " |");
-  show_address(route.route_target);
+  shell::put_in_columns(route.route_target);
   shell::put('|');
-  show_address(route.route_netmask);
+  shell::put_in_columns(route.route_netmask);
   shell::put('|');
-  show_address(route.route_gateway);
+  shell::put_in_columns(route.route_gateway);
   shell::put('\n');
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 void show(const config::VirtualServer& rule) {
   shell::put('|');
-  show_address(rule.private_ip);
+  shell::put_in_columns(rule.private_ip);
   shell::put('|', protocol_name(rule.protocol), "    |", shell::Number(rule.private_port, 7), '|',
              shell::Number(rule.public_port, 6), '|');
   show_schedule(rule.schedule);

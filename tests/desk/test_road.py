@@ -57,19 +57,14 @@ def test_telnet_clients_get_a_console_of_their_own_one_after_the_other(desk):
     server.expect(pexpect.EOF)
 
 
-def is_alive(process):
-    try:
-        return process.is_running() and process.status() != psutil.STATUS_ZOMBIE
-    except psutil.NoSuchProcess:
-        return False
-
-
 def test_killing_the_session_leaves_nothing_behind(desk):
     for end in (signal.SIGKILL, signal.SIGHUP, signal.SIGINT):
         child = desk.console().log_in()
         device, *_ = (desk.state / "up").read_text().split()
         supervisor = psutil.Process(int(device)).parent()
         processes = [supervisor, *supervisor.children(recursive=True), *psutil.Process().children(recursive=True)]
+        started = {one.pid for one in processes}
         child.kill(end)
         child.expect(pexpect.EOF)
-        eventually(lambda: [one for one in processes if is_alive(one)], lambda left: not left)
+        eventually(lambda: started & {one.pid for one in psutil.process_iter(["status"])
+                                      if one.info["status"] != psutil.STATUS_ZOMBIE}, lambda left: not left)

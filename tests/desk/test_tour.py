@@ -78,8 +78,7 @@ MOMENT = re.compile(r"(System Date|Up Time) : .*|(Year  |Month |Day   |Hour  |Mi
 
 
 def tour(desk):
-    """What a walk to each item of each submenu shows, without what is of the moment, and what it leaves behind; and the
-    device's log."""
+    """What a walk to each item of each submenu shows, but for the moment, and leaves behind; and the device's log."""
     desk.store("0|5551234|20100314150926|0|20100314150938|1003|0|1\n", partition="6")
     child = desk.console().log_in()
     # The snapshot of the log is made only when there is none.

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/resource.h>
+#include <sys/shm.h>
 #include <sys/wait.h>
 
 #include <csignal>
@@ -138,6 +139,10 @@ TEST(Platform, SegmentsAreSharedByTheirKey) {
   EXPECT_STREQ(static_cast<char*>(other.memory), "text");
   const Attachment larger = attach_segment(1234, 101);
   EXPECT_TRUE(larger.outcome == Attachment::Outcome::not_opened && larger.error == EINVAL && larger.memory == nullptr);
+  detach_segment(one.memory);
+  shmid_ds status;
+  ASSERT_EQ(shmctl(0, IPC_STAT, &status), 0);
+  EXPECT_TRUE(status.shm_nattch == 1 && (status.shm_perm.mode & 0777) == 0666) << status.shm_nattch;
 #ifndef __arm__  // the emulator knows no such limit
   rlimit memory;
   getrlimit(RLIMIT_AS, &memory);

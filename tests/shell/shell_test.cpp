@@ -69,7 +69,6 @@ TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {
 
 TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
   const string n31(31, 'n');
-  // What is stored, and what is typed.
   for (const auto& [stored, typed] : Answers{{"admin", "adminx"},
                                              {"Admin", "admin"},
                                              {"", ""},

@@ -122,8 +122,6 @@ TEST(LogViewer, MakesItsSnapshotOfALogThatIsThere) {
   EXPECT_EQ(visit(neither, log_page, {}), "can't read log file\n");
 }
 
-// ---- The voice daemon, and the two pages that ask it ----
-
 const Item line_state = {"Status", "Line State"}, call_records = {"Status", "Call Detailed Record"};
 
 struct AnsweringDevice : FactoryDevice {

@@ -9,9 +9,15 @@
 
 namespace menus {
 
-// In the order of the main menu.
-constinit const shell::MenuTree menu_tree = {
-    &network::submenu, &advanced::submenu, &sip::submenu, &voip::submenu, &tools::submenu, &status::submenu,
+constexpr shell::MenuTree::Item items[] = {
+    {"Basic Network Setting", &network::submenu},
+    {"Advanced Network Setting", &advanced::submenu},
+    {"SIP setting", &sip::submenu},
+    {"VoIP Setting", &voip::submenu},
+    {"Tools", &tools::submenu},
+    {"Status", &status::submenu},
 };
+
+constinit const shell::MenuTree menu_tree = shell::MenuTree::of<items>();
 
 }  // namespace menus

@@ -13,30 +13,27 @@ namespace {
 enum class Level : std::uint8_t { main, submenu };
 
 const MenuTree* tree;
-Screen main_screen;
 Level level;
 std::size_t current_submenu;
 
-void draw_main_menu() {
-  main_screen = {};
-  for (std::size_t i = 0; i < tree->size(); ++i) {
-    main_screen.add_item(i, (*tree)[i]->label());
-  }
-  main_screen.add_quit();
+void show_quit() {
+  put("------------------------------------------------------------------------------\nq:Exit\n\n");
 }
 
 void show_main_menu() {
-  put(main_screen.text());
+  put(tree->lines);
+  show_quit();
   level = Level::main;
 }
 
 void show_submenu(std::size_t number) {
-  put((*tree)[number]->screen());
+  put(tree->targets[number]->lines);
+  show_quit();
   level = Level::submenu;
 }
 
 void item_dispatch(std::size_t slot, std::size_t number) {
-  const Handler handler = number < tree->size() ? (*tree)[number]->handler(slot) : nullptr;
+  const Handler handler = number < tree->targets.size() ? tree->targets[number]->targets[slot] : nullptr;
   if (handler != nullptr) {
     handler();
   }
@@ -53,7 +50,7 @@ void report_unknown(unsigned command) {
 
 void main_menu_dispatch(std::size_t length) {
   const unsigned command = classify_input(length);
-  if (command < tree->size()) {
+  if (command < tree->targets.size()) {
     current_submenu = command;
     show_submenu(current_submenu);
   } else if (command == quit) {
@@ -67,7 +64,7 @@ void main_menu_dispatch(std::size_t length) {
 
 void submenu_dispatch(std::size_t length) {
   const unsigned command = classify_input(length);
-  if (command < Submenu::slots) {
+  if (command < tree->targets[current_submenu]->targets.size()) {
     item_dispatch(command, current_submenu);
     show_submenu(current_submenu);
   } else if (command == quit) {
@@ -83,7 +80,6 @@ void submenu_dispatch(std::size_t length) {
 
 void run_menus(const MenuTree& menus) {
   tree = &menus;
-  draw_main_menu();
   show_main_menu();
   for (;;) {
     put(std::string_view(menu_prompt));

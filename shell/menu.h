@@ -9,72 +9,26 @@
 
 namespace shell {
 
+// A menu, as the shell wants it: what its lines show, and what choosing a number leads to; nullptr: nothing.
+template <typename Target, std::size_t slots>
+struct Menu {
+  std::string_view lines;
+  std::array<Target, slots> targets;
+
+  struct Item {
+    std::string_view label;  // empty: the number is not shown
+    Target target = nullptr;
+  };
+  // Of the items, by number from 0. More than there are slots do not compile.
+  template <const auto& items>
+  static consteval Menu of();
+};
+
 // A dialogue or a page. It returns when it is done; the submenu is then shown again.
 using Handler = void (*)();
 
-struct MenuItem {
-  std::string_view label;     // empty: the slot is not shown
-  Handler handler = nullptr;  // none: choosing the slot does nothing
-};
-
-// What a menu shows: its numbered labels, and how to leave it.
-class Screen {
- public:
-  // Numbers are 0 to 19.
-  constexpr void add_item(std::size_t number, std::string_view label) {
-    if (number >= 10) {
-      add("1");
-    }
-    const char digit[] = {static_cast<char>('0' + number % 10), ':'};
-    add({digit, sizeof digit});
-    add(label);
-    add("\n");
-  }
-  constexpr void add_quit() {
-    add("------------------------------------------------------------------------------\nq:Exit\n\n");
-  }
-  constexpr std::string_view text() const { return {text_.data(), length_}; }
-
- private:
-  constexpr void add(std::string_view text) {
-    if (text.size() > text_.size() - length_) {
-      __builtin_trap();
-    }
-    std::copy(text.begin(), text.end(), text_.begin() + length_);
-    length_ = static_cast<std::uint16_t>(length_ + text.size());
-  }
-
-  std::array<char, 320> text_{};
-  std::uint16_t length_ = 0;
-};
-
-// A table of items, by number from 0, as the shell wants it. The compiler draws the screen.
-class Submenu {
- public:
-  static constexpr std::size_t slots = 11;  // at most; more do not compile
-
-  template <std::size_t count>
-  consteval Submenu(std::string_view label, const MenuItem (&items)[count]) : label_(label) {
-    for (std::size_t slot = 0; slot < count; ++slot) {
-      handlers_[slot] = items[slot].handler;
-      if (!items[slot].label.empty()) {
-        screen_.add_item(slot, items[slot].label);
-      }
-    }
-    screen_.add_quit();
-  }
-
-  std::string_view label() const { return label_; }
-  std::string_view screen() const { return screen_.text(); }
-  Handler handler(std::size_t slot) const { return handlers_[slot]; }
-
- private:
-  std::string_view label_;
-  std::array<Handler, slots> handlers_{};
-  Screen screen_;
-};
-
-using MenuTree = std::array<const Submenu*, 6>;
+using Submenu = Menu<Handler, 11>;
+using MenuTree = Menu<const Submenu*, 6>;
 
 // The prompt before every line at menu level.
 constexpr char menu_prompt[] = "[4830NT]#";
@@ -89,5 +43,46 @@ enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_impleme
 // Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
 // when the login has expired or was taken over.
 unsigned classify_input(std::size_t length);
+
+// ---- Only the compiler reads on ----
+
+// Draws the lines where there is room given. Returns how many characters that takes.
+template <typename Item, std::size_t count>
+constexpr std::size_t draw_menu(const Item (&items)[count], char* room = nullptr) {
+  std::size_t length = 0;
+  const auto add = [&](std::string_view text) {
+    if (room != nullptr) {
+      std::copy(text.begin(), text.end(), room + length);
+    }
+    length += text.size();
+  };
+  for (std::size_t number = 0; number < count; ++number) {
+    const char last_digit = static_cast<char>('0' + number % 10);
+    if (!items[number].label.empty()) {
+      add(number < 10 ? "" : "1");
+      add({&last_digit, 1});
+      add(":");
+      add(items[number].label);
+      add("\n");
+    }
+  }
+  return length;
+}
+
+// Not part of the menu: the loader, which fills in the menu's addresses, then need not touch them.
+template <const auto& items>
+inline constexpr auto drawn_menu = [] {
+  std::array<char, draw_menu(items)> lines{};
+  draw_menu(items, lines.data());
+  return lines;
+}();
+
+template <typename Target, std::size_t slots>
+template <const auto& items>
+consteval Menu<Target, slots> Menu<Target, slots>::of() {
+  Menu menu{{drawn_menu<items>.data(), drawn_menu<items>.size()}, {}};
+  std::ranges::transform(items, menu.targets.begin(), &Item::target);
+  return menu;
+}
 
 }  // namespace shell

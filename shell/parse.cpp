@@ -26,7 +26,7 @@ bool is_all_digits(std::string_view text) {
   return true;
 }
 
-std::optional<std::uint32_t> decimal_value(std::string_view text) {
+std::int64_t leading_number(std::string_view text) {
   while (!text.empty() && is_space(text.front())) {
     text.remove_prefix(1);
   }
@@ -36,8 +36,14 @@ std::optional<std::uint32_t> decimal_value(std::string_view text) {
   }
   std::uint32_t value = 0;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
-  const bool is_out_of_range = parsed.ec == std::errc::result_out_of_range || (negative && value != 0);
-  return is_out_of_range ? std::nullopt : std::optional(value);
+  const std::int64_t number = parsed.ec == std::errc::result_out_of_range ? beyond_32_bits : value;
+  return negative ? -number : number;
+}
+
+std::optional<std::uint32_t> decimal_value(std::string_view text) {
+  const std::int64_t number = leading_number(text);
+  return number < 0 || number == beyond_32_bits ? std::nullopt
+                                                : std::optional(static_cast<std::uint32_t>(number));
 }
 
 std::optional<std::uint32_t> whole_number(std::string_view line) {

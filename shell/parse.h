@@ -15,8 +15,11 @@ namespace shell {
 // True when every character but the last is a decimal digit; so for a bare newline.
 bool is_all_digits(std::string_view text);
 
-// The number with which the text begins, blanks and a sign before it allowed; 0 when it begins with none.
-// Nothing when the value does not fit 32 bits, or is negative.
+constexpr std::int64_t beyond_32_bits = std::int64_t{1} << 32;
+// The number with which the text begins, blanks and a sign before it allowed; 0 when it begins with none. One
+// whose digits do not fit 32 bits counts as that, with its sign.
+std::int64_t leading_number(std::string_view text);
+// The same. Nothing when it does not fit 32 bits, or is negative.
 std::optional<std::uint32_t> decimal_value(std::string_view text);
 
 // The number that such a line of digits is; 0 for a bare newline. Nothing when the line holds anything else

@@ -42,11 +42,12 @@ TEST(Faults, BreakNoPromiseAndEndNoSession) {
     }
   }
   RecordProperty("faults", std::to_string(faults));
-  for (std::size_t i = 0; i < menus::menu_tree.size() * shell::Submenu::slots; ++i) {
-    const std::size_t submenu = i / shell::Submenu::slots, item = i % shell::Submenu::slots;
-    const std::string name = std::to_string(submenu) + "-" + std::to_string(item);
-    EXPECT_TRUE(menus::menu_tree[submenu]->handler(item) == nullptr || items.count(name) > 0)
-        << name << " has no session";
+  for (std::size_t i = 0; const shell::Submenu* const submenu : menus::menu_tree.targets) {
+    for (std::size_t item = 0; item < submenu->targets.size(); ++item) {
+      const std::string name = std::to_string(i) + "-" + std::to_string(item);
+      EXPECT_TRUE(submenu->targets[item] == nullptr || items.count(name) > 0) << name << " has no session";
+    }
+    ++i;
   }
 }
 

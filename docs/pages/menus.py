@@ -292,10 +292,12 @@ def main():
     print(HEAD)
     visits.stdin.write("menus\n")
     visits.stdin.flush()
-    for number, screen in enumerate(json.loads(visits.stdout.readline())):
-        print(f"\n## {number}: {screen.splitlines()[0]}")
-        for item, label in re.findall(r"^(\d+):(.*)$", screen, re.MULTILINE):
-            print_item((str(number), item), f"{number}, {item}: {label}")
+    main_menu, *submenus = json.loads(visits.stdout.readline())
+    for title, submenu in zip(main_menu.splitlines(), submenus):
+        number, _ = title.split(":")
+        print(f"\n## {title.replace(':', ': ')}")
+        for item, label in re.findall(r"^(\d+):(.*)$", submenu, re.MULTILINE):
+            print_item((number, item), f"{number}, {item}: {label}")
     print(GLOSSARY, end="")
 
 

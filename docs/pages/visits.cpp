@@ -138,8 +138,8 @@ string written(const tests::Device& device) {
 // One visit, over these settings. "way" is what stands before login and menu lines, "shown" what stands
 // before each question and behind the last answer; "over", that the dialogue ended by itself.
 string visit(ConfigurationSegment& settings, const Strings& numbers_and_answers) {
-  const string back =
-      string(menus::menu_tree.at(std::stoul(numbers_and_answers.at(0)))->screen()) + "[4830NT]#";
+  const shell::Submenu& submenu = *menus::menu_tree.targets.at(std::stoul(numbers_and_answers.at(0)));
+  const string back = string(submenu.lines) + string(78, '-') + "\nq:Exit\n\n[4830NT]#";
   tests::Device device;
   device.settings = settings;
   device.login.idle_timeout = 300;
@@ -190,11 +190,11 @@ int main(int /*count*/, char** arguments) {
   }
   for (string line; std::getline(std::cin, line);) {
     if (line == "menus") {
-      Strings screens;
-      for (const shell::Submenu* submenu : menus::menu_tree) {
-        screens.push_back(string(submenu->label()) + "\n" + string(submenu->screen()));
+      Strings menus = {string(menus::menu_tree.lines)};
+      for (const shell::Submenu* submenu : menus::menu_tree.targets) {
+        menus.emplace_back(submenu->lines);
       }
-      std::cout << list(screens) << '\n' << std::flush;
+      std::cout << list(menus) << '\n' << std::flush;
       continue;
     }
     ConfigurationSegment settings = factory;

@@ -2,13 +2,12 @@
 
 namespace menus::network {
 
-const shell::Submenu submenu = {
-    "Basic Network Setting",
-    {
-        {"Wan Setting", wan_setting},
-        {"Lan Setting", lan_setting},
-        {"DHCP setting", dhcp_setting},
-    },
+constexpr shell::Submenu::Item items[] = {
+    {"Wan Setting", wan_setting},
+    {"Lan Setting", lan_setting},
+    {"DHCP setting", dhcp_setting},
 };
+
+constinit const shell::Submenu submenu = shell::Submenu::of<items>();
 
 }  // namespace menus::network

@@ -2,13 +2,12 @@
 
 namespace menus::sip {
 
-const shell::Submenu submenu = {
-    "SIP setting",
-    {
-        {"Basic Setting", basic_setting},
-        {"Account Setting", account_setting},
-        {"NAT Traversal", nat_traversal},
-    },
+constexpr shell::Submenu::Item items[] = {
+    {"Basic Setting", basic_setting},
+    {"Account Setting", account_setting},
+    {"NAT Traversal", nat_traversal},
 };
+
+constinit const shell::Submenu submenu = shell::Submenu::of<items>();
 
 }  // namespace menus::sip

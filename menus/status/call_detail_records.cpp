@@ -1,6 +1,8 @@
 // The voice daemon's log of past calls.
+#include <algorithm>
 #include <array>
-#include <cstring>
+#include <cstdint>
+#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -66,12 +68,24 @@ constexpr char reasons[] =
     "2006 Disconnection after blind transfer\0"
     "2007 Callee pattern not matched with listed digitmap\0";
 
+// Where they begin.
+constexpr auto reason_starts = [] {
+  constexpr std::size_t count = std::count(std::begin(reasons), std::end(reasons) - 1, '\0');
+  std::array<std::uint16_t, count> starts{};
+  for (std::size_t at = 0, i = 1; i < count; ++at) {
+    if (reasons[at] == '\0') {
+      starts[i++] = static_cast<std::uint16_t>(at + 1);
+    }
+  }
+  return starts;
+}();
+
 const char* reason_text(const CallRecord& record) {
   constexpr std::size_t code_length = 4;
-  const char* const end = std::end(reasons) - 1;
-  for (const char* reason = reasons; reason != end; reason += std::strlen(reason) + 1) {
-    if (record.reason.view() == std::string_view(reason, code_length)) {
-      return reason + code_length + 1;
+  const std::string_view code = record.reason.view();
+  for (const std::uint16_t start : reason_starts) {
+    if (code == std::string_view(&reasons[start], code_length)) {
+      return &reasons[start + code_length + 1];
     }
   }
   return "unknow reason";

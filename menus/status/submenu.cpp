@@ -2,14 +2,13 @@
 
 namespace menus::status {
 
-const shell::Submenu submenu = {
-    "Status",
-    {
-        {"Device Infomation", device_information},
-        {"Log", log_viewer},
-        {"Line State", line_state},
-        {"Call Detailed Record", call_detail_records},
-    },
+constexpr shell::Submenu::Item items[] = {
+    {"Device Infomation", device_information},
+    {"Log", log_viewer},
+    {"Line State", line_state},
+    {"Call Detailed Record", call_detail_records},
 };
+
+constinit const shell::Submenu submenu = shell::Submenu::of<items>();
 
 }  // namespace menus::status

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <climits>
-#include <cstdlib>
-#include <cstring>
+#include <string_view>
 
 #include "platform/descriptor.h"
 #include "platform/platform.h"
+#include "shell/parse.h"
 
 namespace menus::status {
 namespace {
@@ -86,18 +86,35 @@ int voice_daemon_receive(int descriptor, std::span<char> buffer) {
   }
 }
 
+// strtok_r() would look at each character in the same way, from pages of the C library that nothing else
+// brings into view.
 int split_fields(char* text, const char* separators, std::span<const char*> fields) {
-  char* rest = nullptr;
-  fields[0] = strtok_r(text, separators, &rest);
-  std::size_t count = 1;
+  const auto is_separator = [separators](char character) {
+    const char* one = separators;
+    while (*one != '\0' && *one != character) {
+      ++one;
+    }
+    return *one != '\0';
+  };
+  fields[0] = nullptr;
+  std::size_t count = 0;
   while (count < fields.size()) {
-    const char* const field = strtok_r(nullptr, separators, &rest);
-    if (field == nullptr) {
+    while (is_separator(*text)) {
+      ++text;
+    }
+    if (*text == '\0') {
       break;
     }
-    fields[count++] = field;
+    fields[count++] = text;
+    while (*text != '\0' && !is_separator(*text)) {
+      ++text;
+    }
+    if (*text == '\0') {
+      break;
+    }
+    *text++ = '\0';
   }
-  return static_cast<int>(count);
+  return static_cast<int>(std::max<std::size_t>(count, 1));
 }
 
 int voice_daemon_query(std::span<const char* const> commands, std::span<const char*> fields) {
@@ -111,10 +128,8 @@ int voice_daemon_query(std::span<const char* const> commands, std::span<const ch
 }
 
 int field_number(const char* field) {
-  if (field == nullptr) {
-    return 0;
-  }
-  return static_cast<int>(std::clamp<long>(std::strtol(field, nullptr, 10), INT_MIN, INT_MAX));
+  const std::int64_t number = field == nullptr ? 0 : shell::leading_number(field);
+  return static_cast<int>(std::clamp<std::int64_t>(number, INT_MIN, INT_MAX));
 }
 
 }  // namespace menus::status

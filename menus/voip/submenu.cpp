@@ -2,19 +2,18 @@
 
 namespace menus::voip {
 
-const shell::Submenu submenu = {
-    "VoIP Setting",
-    {
-        {"Voice Setting"},
-        {"Call Service", call_service},
-        {"Phone Setting", phone_setting},
-        {"E.164 Setting", e164_setting},
-        {"FAX Setting", fax_setting},
-        {"General Dialing Setting"},
-        {"QOS/TOS Setting", qos_tos_setting},
-        {"Phone Book Setting", phone_book},
-        {"Call Screen", call_screen},
-    },
+constexpr shell::Submenu::Item items[] = {
+    {"Voice Setting"},
+    {"Call Service", call_service},
+    {"Phone Setting", phone_setting},
+    {"E.164 Setting", e164_setting},
+    {"FAX Setting", fax_setting},
+    {"General Dialing Setting"},
+    {"QOS/TOS Setting", qos_tos_setting},
+    {"Phone Book Setting", phone_book},
+    {"Call Screen", call_screen},
 };
+
+constinit const shell::Submenu submenu = shell::Submenu::of<items>();
 
 }  // namespace menus::voip

@@ -16,7 +16,7 @@ const string goodbye = "Bye Bye!!\n", unknown = "This command is not define!\n";
 const string main_menu =
     "0:Basic Network Setting\n1:Advanced Network Setting\n2:SIP setting\n3:VoIP Setting\n4:Tools\n5:Status\n" +
     string(78, '-') + "\nq:Exit\n\n";
-const string tools_menu(menus::menu_tree[4]->screen());
+const string tools_menu = screen(*menus::menu_tree.targets[4]);
 
 // What is shown behind the login until the connection is closed, or the console ends.
 string shown(FactoryDevice& device, const string& typed) {

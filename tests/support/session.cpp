@@ -14,18 +14,22 @@ namespace {
 
 using std::string;
 
+// The number in front of the label.
+string number_of(const string& label, std::string_view lines) {
+  const std::size_t at = lines.find(":" + label + "\n"), line = lines.rfind('\n', at) + 1;
+  EXPECT_NE(at, string::npos) << "no menu has \"" << label << "\"";
+  return string(lines.substr(line, at - line));
+}
+
 // What leads to the item, and the screen of its submenu with the prompt below.
 struct Way {
   string typed, submenu;
 
   explicit Way(const Item& item) {
-    const auto found = std::ranges::find(menus::menu_tree, item.submenu, &shell::Submenu::label);
-    const string screen(menus::menu_tree.at(static_cast<std::size_t>(found - menus::menu_tree.begin()))->screen());
-    const std::size_t label = screen.find(":" + item.label + "\n"), line = screen.rfind('\n', label) + 1;
-    EXPECT_NE(label, string::npos) << "no menu has \"" << item.label << "\"";
-    typed = "admin\nadmin\n" + std::to_string(found - menus::menu_tree.begin()) + "\n";
-    typed += screen.substr(line, label - line) + "\n";
-    submenu = screen + menu_prompt;
+    const string number = number_of(item.submenu, menus::menu_tree.lines);
+    const shell::Submenu& menu = *menus::menu_tree.targets.at(std::stoul(number));
+    typed = "admin\nadmin\n" + number + "\n" + number_of(item.label, menu.lines) + "\n";
+    submenu = screen(menu) + menu_prompt;
   }
 };
 
@@ -42,6 +46,10 @@ string replaced(string text, std::string_view what, std::string_view by) {
     text.replace(at, what.size(), by);
   }
   return text;
+}
+
+string screen(const shell::Submenu& menu) {
+  return string(menu.lines) + string(78, '-') + "\nq:Exit\n\n";
 }
 
 FactoryDevice::FactoryDevice() {

@@ -1,4 +1,5 @@
-// The word by which the voice daemon learns that voice or SIP settings changed.
+// The shared word by which the voice daemon learns that voice or SIP settings changed: the console sets it to
+// 1, the daemon back to 0 when it has taken the settings over.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +7,5 @@
 namespace config {
 
 constexpr std::int32_t voice_change_key = 1357;
-
-// Sets the flag to 1; the daemon sets it back to 0 when it has taken the settings over. Returns 0, or the
-// negative errno value with which the flag's segment could not be had.
-int set_voice_change_flag();
 
 }  // namespace config

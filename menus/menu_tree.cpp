@@ -1,5 +1,8 @@
 #include "menus/menu_tree.h"
 
+#include <iterator>
+#include <tuple>
+
 #include "menus/advanced/items.h"
 #include "menus/network/items.h"
 #include "menus/sip/items.h"
@@ -19,5 +22,6 @@ constexpr shell::MenuTree::Item items[] = {
 };
 
 constinit const shell::MenuTree menu_tree = shell::MenuTree::of<items>();
+static_assert(std::size(items) == std::tuple_size_v<decltype(menu_tree.targets)>);
 
 }  // namespace menus

@@ -180,7 +180,7 @@ std::uint64_t wall_clock_milliseconds() {
 
 LocalTime local_time() {
   timespec now{};
-  // Not time(), which looks for the kernel's own as the program is loaded and brings 64 KiB into view for it.
+  // Not time(): when it is loaded it looks up the kernel's own, which brings 64 KiB of memory into view.
   clock_gettime(CLOCK_REALTIME, &now);
   std::tm broken_down{};
   tzset();  // localtime_r() reads the zone once per process

@@ -127,7 +127,7 @@ int connect_udp(int socket, std::uint32_t address, std::uint16_t port);
 std::ptrdiff_t send_datagram(int socket, std::string_view bytes);
 // Does not wait. A datagram that is too long is cut to fit.
 std::ptrdiff_t receive_datagram(int socket, std::span<char> into);
-// 1 when it is worth a try to receive, 0 when the time ran out, negative errno on failure.
+// 1 when there may be something to receive, 0 when the time ran out, negative errno on failure.
 int wait_readable(int socket, int milliseconds);
 
 }  // namespace platform

@@ -8,17 +8,6 @@
 namespace shell {
 namespace {
 
-std::optional<Value> digit_of_line(const AnswerKind& kind) {
-  return kind.rest_ignored ? leading_digit() : single_digit();
-}
-
-std::optional<Value> number_of_line(const AnswerKind& kind) {
-  if (!kind.rest_ignored) {
-    return whole_number(line_text());
-  }
-  return leading_digit() ? decimal_value(line_text()) : std::nullopt;
-}
-
 std::optional<Value> mac_of_line() {
   const std::optional<config::Mac> mac = parse_mac(line_text(), ':');
   if (!mac) {
@@ -34,10 +23,13 @@ std::optional<Value> value_of_line(const AnswerKind& kind) {
   using enum AnswerKind::Form;
   switch (kind.form) {
     case choice:
-      return digit_of_line(kind);
+      return kind.rest_ignored ? leading_digit() : single_digit();
     case pick:
     case number:
-      return number_of_line(kind);
+      if (!kind.rest_ignored) {
+        return whole_number(line_text());
+      }
+      return leading_digit() ? decimal_value(line_text()) : std::nullopt;
     case listed:
       return decimal_value(line_text());
     case address:
@@ -78,7 +70,7 @@ bool passes(const AnswerKind& kind, Value value) {
 
 std::optional<std::string_view> judge_text(const TextLimits& limits) {
   const std::string_view text = typed_text();
-  const bool fits = line_length() <= limits.most && (limits.may_be_empty || !text.empty());
+  const bool fits = line_length() <= limits.max_length && (limits.may_be_empty || !text.empty());
   return fits && (!limits.digits_only || is_all_digits(line_text())) ? std::optional(text) : std::nullopt;
 }
 

@@ -29,7 +29,7 @@ struct Range {
 class OneOf {
  public:
   constexpr OneOf() = default;
-  // Those whose digits the literal has: "012".
+  // The digits in the literal: "012".
   consteval OneOf(const char* digits) {
     for (; *digits != '\0'; ++digits) {
       add(static_cast<unsigned>(*digits - '0'));
@@ -57,10 +57,10 @@ class OneOf {
 
 struct AnswerKind {
   enum class Form : std::uint8_t {
-    choice,   // exactly one character, the digit of a number of `one_of`
+    choice,   // exactly one character, a digit of `one_of`
     pick,     // decimal digits, in range; refused as a choice is
     number,   // decimal digits, in range
-    listed,   // the number with which the line begins, 0 when it begins with none: in `one_of`
+    listed,   // the number with which the line begins, 0 when it begins with none; one of `one_of`
     address,  // not 0.0.0.0
     netmask,  // one bits, then zero bits, and at least one of the first
     mac,      // any six bytes, all zero included
@@ -80,7 +80,7 @@ std::optional<Value> judge_line(const AnswerKind& kind);
 bool passes(const AnswerKind& kind, Value value);
 
 struct TextLimits {
-  std::size_t most;  // characters
+  std::size_t max_length;
   bool may_be_empty;
   bool digits_only;  // decimal digits throughout
 };

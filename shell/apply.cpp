@@ -25,10 +25,13 @@ void restart_filter_and_nat() {
 }
 
 void raise_voice_change_flag() {
-  const int error = config::set_voice_change_flag();
-  if (error < 0) {
-    report_segment_error(-error);
+  const platform::Attachment flag = platform::attach_segment(config::voice_change_key, sizeof(std::uint32_t));
+  if (flag.memory == nullptr) {
+    report_segment_error(flag.error);
+    return;
   }
+  *static_cast<volatile std::uint32_t*>(flag.memory) = 1;
+  platform::detach_segment(flag.memory);
 }
 
 void save_and_signal_voice_daemon() {

@@ -19,7 +19,7 @@ Value value_in(std::span<const char> bytes) {
   return value;
 }
 
-// What is left of a value in so many bytes, fewer than eight.
+// The lowest bytes of a value, fewer than eight.
 Value cut_to(std::size_t bytes, Value value) {
   return value & ((Value{1} << 8 * bytes) - 1);
 }
@@ -34,11 +34,11 @@ Value Dialogue::ask(const Question& question, std::optional<Value> stored, const
   const Value current = stored.value_or(0);
   const bool may_keep =
       (stored || option.empty_is_zero) && (!option.judge_kept || passes(question.kind, current));
-  const Refusal refusal(question.kind.is_choice() ? policy_.bad_choice : policy_.bad_value);
+  const char* const refusal = question.kind.is_choice() ? policy_.bad_choice : policy_.bad_value;
   while (!ended_) {
-    question.prompt.show(number_, current, question.text);
+    question.prompt.show(shown_number_, current, question.text);
     const std::size_t typed = read_line();
-    if (left()) {
+    if (has_left()) {
       break;
     }
     std::optional<Value> answer;
@@ -51,7 +51,7 @@ Value Dialogue::ask(const Question& question, std::optional<Value> stored, const
       answered(option, typed);
       return *answer;
     }
-    report(option.refusal != nullptr ? *option.refusal : refusal);
+    report(option.refusal != nullptr ? option.refusal : refusal);
   }
   return 0;
 }
@@ -62,7 +62,7 @@ Value Dialogue::ask_and_note(const Question& question, Bytes field, const Option
   return cut_to(field.size(), answer);
 }
 
-bool Dialogue::left() {
+bool Dialogue::has_left() {
   if (policy_.asks_again && line_is_q()) {
     put("q:Exit\n");
     ended_ = true;
@@ -70,8 +70,8 @@ bool Dialogue::left() {
   return ended_;
 }
 
-void Dialogue::report(const Refusal& refusal) {
-  refusal.show();
+void Dialogue::report(const char* refusal) {
+  put(refusal);
   ended_ = !policy_.asks_again;
 }
 
@@ -118,7 +118,7 @@ std::uint32_t Dialogue::hidden_number(Prompt<Shows::nothing> prompt, std::uint8_
 }
 
 std::uint8_t Dialogue::listed(Prompt<Shows::number> prompt, std::uint8_t& field, OneOf numbers) {
-  about(field);
+  shown_number_ = field;
   const AnswerKind kind{.form = Form::listed, .one_of = numbers};
   return static_cast<std::uint8_t>(ask_and_note({prompt, kind}, bytes_of(field), no_option));
 }
@@ -163,8 +163,8 @@ std::uint32_t Dialogue::pick_digit(Prompt<Shows::nothing> prompt, std::size_t co
 }
 
 std::uint32_t Dialogue::ask_pick(Question question, std::size_t count, const Option& option) {
-  about(count - 1);
-  question.kind.range = {0, number_};
+  shown_number_ = static_cast<std::uint32_t>(count) - 1;
+  question.kind.range = {0, shown_number_};
   return static_cast<std::uint32_t>(ask(question, std::nullopt, option));
 }
 
@@ -176,14 +176,14 @@ void Dialogue::ask_text(PromptText prompt, Bytes field, TextRule rule) {
     config::strip_newline(field);
   }
   const std::size_t room = field.size() - 1 - (rule.with_line_feed ? 1 : 0);
-  const TextLimits limits{.most = std::min<std::size_t>(rule.max, room),
+  const TextLimits limits{.max_length = std::min<std::size_t>(rule.max, room),
                           .may_be_empty = adding_ && rule.may_be_empty,
                           .digits_only = rule.digits_only};
   const bool may_keep = !adding_ || rule.optional;
   while (!ended_) {
-    prompt.show(number_, 0, config::text_in(field));
+    prompt.show(shown_number_, 0, config::text_in(field));
     const std::size_t typed = read_line();
-    if (left()) {
+    if (has_left()) {
       return;
     }
     if (typed == 0 && may_keep) {
@@ -220,9 +220,9 @@ void Dialogue::note(Bytes field, const void* value) {
   }
 }
 
-void Dialogue::refuse(Refusal refusal) {
+void Dialogue::refuse(const char* refusal) {
   if (!ended_) {
-    refusal.show();
+    put(refusal);
     ended_ = true;
   }
 }

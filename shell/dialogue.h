@@ -29,10 +29,10 @@ namespace shell {
 
 // How one prompt departs from its dialogue. What it points to has to live until the prompt is answered.
 struct Option {
-  const Refusal* refusal = nullptr;  // in place of the dialogue's
-  bool judge_kept = false;           // a kept value must pass the test as well
-  bool empty_is_zero = false;        // when adding: an empty line counts as 0
-  bool rest_ignored = false;         // only a choice's first character, a number's leading digits count
+  const char* refusal = nullptr;    // printed in place of the dialogue's
+  bool judge_kept = false;          // a kept value must pass the test as well
+  bool empty_is_zero = false;       // when adding: an empty line counts as 0
+  bool rest_ignored = false;        // only a choice's first character, a number's leading digits count
   bool no_empty_line = false;       // when asking again: the dialogue prints something else behind the answer
   const char* kept_note = nullptr;  // printed, without a line end, when the value was kept
 };
@@ -42,8 +42,7 @@ inline constexpr Option judge_kept{.judge_kept = true};
 inline constexpr Option empty_is_zero{.empty_is_zero = true};
 
 struct TextRule {
-  // What becomes of an answer that is too long, or that a NUL at its beginning makes an empty text, where no
-  // empty text can be typed.
+  // What happens to an answer that is too long, or that is empty because it begins with a NUL.
   enum class Unfit : std::uint8_t {
     refused,        // as any bad answer of the dialogue
     leaves_empty,   // message 2, the field becomes empty, the dialogue goes on
@@ -71,12 +70,15 @@ class Dialogue {
   struct Policy {
     bool asks_again;  // the same question again; a line that is exactly q leaves; an empty line after each
                       // answer
-    Message bad_choice;
-    Message bad_value;
+    const char* bad_choice;
+    const char* bad_value;
   };
-  static constexpr Policy refuse_by_kind{false, Message::wrong_choice, Message::illegal_value};
-  static constexpr Policy refuse_as_illegal{false, Message::illegal_value, Message::illegal_value};
-  static constexpr Policy ask_again{true, Message::illegal_value, Message::illegal_value};
+  static constexpr Policy refuse_by_kind = {
+      .asks_again = false, .bad_choice = Message::wrong_choice, .bad_value = Message::illegal_value};
+  static constexpr Policy refuse_as_illegal = {
+      .asks_again = false, .bad_choice = Message::illegal_value, .bad_value = Message::illegal_value};
+  static constexpr Policy ask_again = {
+      .asks_again = true, .bad_choice = Message::illegal_value, .bad_value = Message::illegal_value};
 
   // A new record is asked for by the same statements as a stored one: every prompt shows zero instead of what
   // the free slot holds, and an answer is required.
@@ -90,7 +92,7 @@ class Dialogue {
   bool adding() const { return adding_; }
 
   // The telephone port or line that the next prompts are about: a "%d" before the value shows its number.
-  void about(std::size_t number) { number_ = static_cast<std::uint32_t>(number); }
+  void about(std::size_t number) { shown_number_ = static_cast<std::uint32_t>(number); }
 
   // ---- Kinds of answer, as shell/answer.h describes them; each returns the resulting value ----
 
@@ -164,13 +166,13 @@ class Dialogue {
     (note(bytes_of(fields), nullptr), ...);
   }
 
-  // ---- The order in which the fields are written ----
-  // Other programs read the record meanwhile. It is the order of the statements above, but for these.
+  // ---- The order in which the fields are written, which other programs see: as they were noted, but for
+  // these ----
 
   // What is noted from here on is written before all that was noted until now.
   void note_ahead() { journal_.note_ahead(); }
-  // These fields are written one right behind the other, where the last one stands. One that was not noted
-  // leaves what is in front of it where it is.
+  // These fields are written one right behind the other, where the last one was noted. Those in front of a
+  // field that was not noted stay where they are.
   template <typename First, typename Second, typename... More>
   void note_in_order(const First& first, const Second& second, const More&... more) {
     if constexpr (sizeof...(more) > 0) {
@@ -180,7 +182,7 @@ class Dialogue {
   }
 
   // Reports and ends the dialogue, unless it has ended.
-  void refuse(Refusal refusal);
+  void refuse(const char* refusal);
 
   bool ended() const { return ended_; }
 
@@ -200,15 +202,15 @@ class Dialogue {
   config::Ipv4 ask_address(const Question& question, config::Ipv4& field, const Option& option);
   std::uint32_t ask_pick(Question question, std::size_t count, const Option& option);
   void ask_text(PromptText prompt, Bytes field, TextRule rule);
-  bool left();
-  void report(const Refusal& refusal);
+  bool has_left();
+  void report(const char* refusal);
   void answered(const Option& option, std::size_t typed);
   void note(Bytes field, const void* value);  // no value: zero bytes
 
   const Policy& policy_;
   bool adding_;
   bool ended_ = false;
-  std::uint32_t number_ = 0;  // what a "%d" before the value shows
+  std::uint32_t shown_number_ = 0;  // what a "%d" before the value shows
   Journal journal_;
 };
 

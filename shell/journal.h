@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <tuple>
 
 namespace shell {
 
@@ -45,6 +46,7 @@ class Journal {
   // Room for the longest dialogue, the two SIP lines with their servers; one that outgrows it stops the
   // program the first time it is run to its end.
   std::array<Entry, 64> entries_;
+  static_assert(std::tuple_size_v<decltype(entries_)> <= none);
   std::array<char, 2048> bytes_;
   Link first_ = none;
   Link* insertion_ = &first_;  // the link that the next entry comes behind

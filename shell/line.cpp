@@ -11,6 +11,8 @@
 namespace shell {
 namespace {
 
+constexpr std::size_t input_line_size = 512;
+
 // One byte more than a line can fill: as a text the line always ends inside the buffer.
 std::array<char, input_line_size + 1> line;
 std::size_t length = 0;

@@ -9,16 +9,14 @@
 
 namespace shell {
 
-constexpr std::size_t input_line_size = 512;
-
 // Flushes the output when it has to wait, reads the next line and returns the number of characters typed
 // before the newline, 0 to 512; at 512 the line ends without its newline and the rest of it is the next line.
 // A backspace takes back one character. Does not return at end of input: the console ends, a partial line is
 // dropped.
 std::size_t read_line();
 
-// The line as a number or an address is read from it: the characters, typed NULs among them, and the newline.
-// Valid until the next read_line().
+// The line with its newline, from which numbers and addresses are read. It can have NULs in it, and is valid until the
+// next read_line().
 std::string_view line_text();
 // The same bytes to work in, with what earlier lines left behind them; the last one is always NUL.
 std::span<char> line_buffer();

@@ -39,6 +39,29 @@ void item_dispatch(std::size_t slot, std::size_t number) {
   }
 }
 
+// What a typed line means: the item's number, or one of these. A typed two-digit number counts as what it
+// equals, so that 90 quits.
+enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_implemented = 98, not_defined = 99 };
+
+// Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
+// when the login has expired or was taken over.
+unsigned classify_input(std::size_t length) {
+  if (!refresh_login()) {
+    put("\nConnection Time Out!! Please Re-Login!!\n");
+    end_console();
+  }
+  if (length == 0) {
+    return empty_line;
+  }
+  if (line_is_q()) {
+    return quit;
+  }
+  if (length <= 2 && is_all_digits(line_text())) {
+    return static_cast<unsigned>(leading_number(line_text()));
+  }
+  return length == 4 && typed_text() == "help" ? help : not_defined;
+}
+
 // What both levels say about a line that is no command of theirs.
 void report_unknown(unsigned command) {
   if (command == not_implemented) {
@@ -90,23 +113,6 @@ void run_menus(const MenuTree& menus) {
       submenu_dispatch(length);
     }
   }
-}
-
-unsigned classify_input(std::size_t length) {
-  if (!refresh_login()) {
-    put("\nConnection Time Out!! Please Re-Login!!\n");
-    end_console();
-  }
-  if (length == 0) {
-    return empty_line;
-  }
-  if (line_is_q()) {
-    return quit;
-  }
-  if (length <= 2 && is_all_digits(line_text())) {
-    return decimal_value(line_text()).value_or(not_defined);
-  }
-  return length == 4 && typed_text() == "help" ? help : not_defined;
 }
 
 }  // namespace shell

@@ -12,6 +12,8 @@ namespace shell {
 // A menu, as the shell wants it: what its lines show, and what choosing a number leads to; nullptr: nothing.
 template <typename Target, std::size_t slots>
 struct Menu {
+  static_assert(slots <= 20);  // what a number is drawn with
+
   std::string_view lines;
   std::array<Target, slots> targets;
 
@@ -35,14 +37,6 @@ constexpr char menu_prompt[] = "[4830NT]#";
 
 // Shows the main menu, then reads and obeys lines for ever.
 [[noreturn]] void run_menus(const MenuTree& menus);
-
-// What a typed line means: the item's number, or one of these. A typed two-digit number counts as what it
-// equals, so that 90 quits.
-enum Command : std::uint8_t { quit = 90, help = 91, empty_line = 92, not_implemented = 98, not_defined = 99 };
-
-// Checks and renews the login, then classifies the line just read, of `length` characters. Does not return
-// when the login has expired or was taken over.
-unsigned classify_input(std::size_t length);
 
 // ---- Only the compiler reads on ----
 

@@ -1,42 +1,25 @@
-// The numbered messages with which the menus report.
+// The messages with which the menus report, each with its line end and one blank line.
 #pragma once
 
-#include <cstdint>
+#include "shell/output.h"
 
 namespace shell {
 
-enum class Message : std::uint8_t {
-  keep_with_enter = 0,
-  wrong_choice = 1,
-  illegal_value = 2,
-  saved = 3,
-  restart = 4,
-  ip_range = 5,
-  table_full = 6,
-  reboot = 7,
-  port_range = 8,
+struct Message {
+  static constexpr char keep_with_enter[] =
+      "Please answer the question and use [enter] to keep original setting value\n\n";
+  static constexpr char wrong_choice[] = "Your select is wrong!!\n\n";
+  static constexpr char illegal_value[] = "Your input value is illegal!!\n\n";
+  static constexpr char saved[] = "Setting Save!!\n\n";
+  static constexpr char restart[] = "Device will be restart, please re-connect!!\n\n";
+  static constexpr char ip_range[] = "IP Range Error!!\n\n";
+  static constexpr char table_full[] = "No more space to creat new rule!!\n\n";
+  static constexpr char reboot[] = "Device will be reboot, please wait 60 seconds and re-connect!!\n\n";
+  static constexpr char port_range[] = "Port Range Error!!\n\n";
 };
 
-// The message, its line end and one blank line.
-void show_message(Message message);
-
-// How a refused answer is reported: a numbered message, or a line of the dialogue's own.
-class Refusal {
- public:
-  constexpr Refusal(Message message) : message_(message) {}
-  // `text` is not copied.
-  static constexpr Refusal line(const char* text) {
-    Refusal refusal(Message::illegal_value);
-    refusal.line_ = text;
-    return refusal;
-  }
-  // Without a word.
-  static constexpr Refusal silent() { return line(""); }
-  void show() const;
-
- private:
-  Message message_;
-  const char* line_ = nullptr;
-};
+inline void show_message(const char* message) {
+  put(message);
+}
 
 }  // namespace shell

@@ -12,7 +12,7 @@ std::array<char, 20480> buffer;
 std::size_t filled = 0;
 bool lost = false;
 
-// Room for so many characters, few enough for an empty buffer.
+// Room for so many characters, which is less than the whole buffer.
 char* room_for(std::size_t size) {
   if (size > buffer.size() - filled) {
     flush_output();
@@ -24,12 +24,12 @@ void filled_to(const char* end) {
   filled = static_cast<std::size_t>(end - buffer.data());
 }
 
-// These write where there is room, and return the end.
-
-// The last one of the number.
+// The last digit of the number.
 char digit(unsigned number) {
   return static_cast<char>('0' + number % 10);
 }
+
+// These write where there is room, and return the end.
 
 constexpr std::size_t longest_number = 12;
 
@@ -118,7 +118,7 @@ void put(char character) {
 }
 
 void put(Number number) {
-  filled_to(write(room_for(longest_number), number));
+  filled_to(write(room_for(std::max<std::size_t>(longest_number, number.width)), number));
 }
 
 void put(const Cell& cell) {

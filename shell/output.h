@@ -16,14 +16,14 @@ struct Number {
       : value(static_cast<std::int32_t>(number)), width(columns), fill(before) {}
 
   std::int32_t value;
-  std::uint8_t width;  // 12 at most
+  std::uint8_t width;
   char fill;
 };
 
 // A text, left-aligned in so many columns; what does not fit is cut.
 struct Cell {
   std::string_view text;
-  std::uint8_t width;  // 40 at most
+  std::uint8_t width;
 };
 
 // Texts are of any length.

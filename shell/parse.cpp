@@ -56,9 +56,7 @@ bool ip_range_ascending(config::Ipv4 start, config::Ipv4 end) {
 
 bool is_valid_netmask(config::Ipv4 mask) {
   // Of a contiguous mask the inverse, read as a number, is one less than a power of two.
-  const std::uint32_t inverse =
-      ~((std::uint32_t{mask.octet[0]} << 24) | (std::uint32_t{mask.octet[1]} << 16) |
-        (std::uint32_t{mask.octet[2]} << 8) | mask.octet[3]);
+  const std::uint32_t inverse = ~__builtin_bswap32(mask.word());
   return mask.octet[0] != 0 && (inverse & (inverse + 1)) == 0;
 }
 
@@ -88,7 +86,7 @@ config::Ipv4 parse_ipv4(std::string_view text, char separator) {
 }
 
 std::optional<config::Mac> parse_mac(std::string_view text, char separator) {
-  constexpr std::size_t length = 18;
+  constexpr std::size_t length = 3 * sizeof(config::Mac);
   if (text.size() != length) {
     return std::nullopt;
   }

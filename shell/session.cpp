@@ -52,15 +52,15 @@ void guard_login() {
   }
 }
 
-// Of the stored and of the typed text at most 31 characters take part.
+// As many characters are compared as a login's texts have at most, when they end with their NUL.
 bool matches(std::string_view stored, std::string_view typed) {
-  constexpr std::size_t compared = 31;
+  constexpr std::size_t compared = sizeof(config::AdminLogin::admin_user_name) - 1;
   return stored.substr(0, compared) == typed.substr(0, compared);
 }
 
 // Both answers are asked for, whatever the first one is.
 bool check_login() {
-  config::Text<32> user_name{};
+  decltype(config::AdminLogin::admin_user_name) user_name{};
   put("Username:");
   read_line();
   user_name.assign(typed_text());

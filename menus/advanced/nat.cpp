@@ -6,8 +6,6 @@
 namespace menus::advanced {
 namespace {
 
-constexpr shell::Refusal dmz_ip_error = shell::Refusal::line("DMZ Lan IP Error");
-
 void show_nat(const config::NatSettings& nat) {
   show_switch_setting("NAT Enable", nat.nat_enable);
   show_switch_setting("IPSec Pass Through Enable", nat.ipsec_pass_through);
@@ -37,7 +35,8 @@ void nat_setting() {
     ask.choice("SIP ALG Enable?<%d>(0:disable, 1:Enable):", nat.sip_alg, "01");
     ask.choice("NetMeeting ALG Enable?<%d>(0:disable, 1:Enable):", nat.netmeeting_alg, "01");
     if (ask.choice("DMZ Enable?<%d>(0:disable, 1:Enable):", nat.dmz_enable, "01") != 0) {
-      ask.address("DMZ Lan IP<%u.%u.%u.%u>:", nat.dmz_ip, {.refusal = &dmz_ip_error, .judge_kept = true});
+      ask.address("DMZ Lan IP<%u.%u.%u.%u>:", nat.dmz_ip,
+                  {.refusal = "DMZ Lan IP Error\n", .judge_kept = true});
     } else {
       ask.note_zero(nat.dmz_ip);
     }

@@ -38,21 +38,18 @@ void move_stray_pool(Ipv4 lan_ip, Ipv4 netmask) {
 }  // namespace
 
 void lan_setting() {
-  static constexpr auto bad_ip = shell::Refusal::line("Lan IP Error");
-  static constexpr auto bad_netmask = shell::Refusal::line("Lan MASK Error");
-  static constexpr auto bad_dns_proxy = shell::Refusal::line("Lan DNS PROXY Setting Error");
-
   config::LanSettings& lan = shell::segment().lan;
   show_lan_setting();
   shell::show_message(shell::Message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
-  const Ipv4 ip = ask.address("Lan IP<%u.%u.%u.%u>:", lan.lan_ip, {.refusal = &bad_ip, .judge_kept = true});
-  const Ipv4 netmask =
-      ask.netmask("Lan MASK<%u.%u.%u.%u>:", lan.lan_netmask, {.refusal = &bad_netmask, .judge_kept = true});
+  const Ipv4 ip =
+      ask.address("Lan IP<%u.%u.%u.%u>:", lan.lan_ip, {.refusal = "Lan IP Error\n", .judge_kept = true});
+  const Ipv4 netmask = ask.netmask("Lan MASK<%u.%u.%u.%u>:", lan.lan_netmask,
+                                   {.refusal = "Lan MASK Error\n", .judge_kept = true});
   ask.note(lan.lan_broadcast, (ip & netmask) | ~netmask);
   ask.choice("DNS PROXY Enable?<%d>(0:disable,1:enable):", lan.dns_proxy_enable, "0123456789",
-             {.refusal = &bad_dns_proxy});
+             {.refusal = "Lan DNS PROXY Setting Error\n"});
   ask.note_in_order(lan.lan_netmask, lan.lan_ip);
   if (!ask.commit()) {
     return;

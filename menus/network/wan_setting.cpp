@@ -14,10 +14,9 @@ namespace {
 using config::Ipv4;
 using config::WanSettings;
 using shell::Dialogue;
+using shell::Message;
 using shell::Prompt;
 using shell::Shows;
-
-constexpr shell::Refusal wrong_choice = shell::Message::wrong_choice;
 
 enum class DnsMode : std::uint8_t { manual, asked };
 
@@ -25,10 +24,10 @@ enum class DnsMode : std::uint8_t { manual, asked };
 void dns_setting(Dialogue& ask, DnsMode mode) {
   WanSettings& wan = shell::segment().wan;
   ask.note_ahead();
-  const std::uint8_t chosen =
-      mode == DnsMode::asked
-          ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01", {.refusal = &wrong_choice})
-          : ask.note(wan.dns_mode, std::uint8_t{0});
+  const std::uint8_t chosen = mode == DnsMode::asked
+                                  ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01",
+                                               {.refusal = Message::wrong_choice})
+                                  : ask.note(wan.dns_mode, std::uint8_t{0});
   if (chosen == 0) {
     ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
     ask.address("Secondary DNS IP<%u.%u.%u.%u>:", wan.secondary_dns);
@@ -138,13 +137,13 @@ constexpr void (*ask_type[])(Dialogue&, WanSettings&) = {ask_static_ip, ask_dhcp
 
 void wan_setting() {
   WanSettings& wan = shell::segment().wan;
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(Message::keep_with_enter);
 
   constexpr shell::TextRule name{.unfit = shell::TextRule::Unfit::keeps_the_old};
   Dialogue ask(Dialogue::refuse_as_illegal);
   const std::uint8_t type =
       ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type,
-                 shell::OneOf::first(std::size(ask_type)), {.refusal = &wrong_choice});
+                 shell::OneOf::first(std::size(ask_type)), {.refusal = Message::wrong_choice});
   ask.text("Host Name?<%s>(MAX Character:127):", wan.host_name, name);
   ask.text("domain Name?<%s>(MAX Character:127):", wan.domain_name, name);
   if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {
@@ -161,7 +160,7 @@ void wan_setting() {
 
   if (ask.commit()) {
     shell::save_settings();
-    shell::show_message(shell::Message::reboot);
+    shell::show_message(Message::reboot);
     shell::run_command("/sbin/bbreboot &");
     platform::sleep_seconds(1);
   }

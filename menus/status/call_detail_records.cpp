@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <span>
 #include <string_view>
@@ -30,7 +31,7 @@ constexpr int fields_of_record = 8;
 
 std::array<CallRecord, 100> call_records;
 
-// One behind the other, each behind its code and a blank.
+// Each behind its code and a blank.
 constexpr char reasons[] =
     "1000 Unknown error\0"
     "1001 Can't handle a new call\0"
@@ -68,7 +69,7 @@ constexpr char reasons[] =
     "2006 Disconnection after blind transfer\0"
     "2007 Callee pattern not matched with listed digitmap\0";
 
-// Where they begin.
+// Where each begins.
 constexpr auto reason_starts = [] {
   constexpr std::size_t count = std::count(std::begin(reasons), std::end(reasons) - 1, '\0');
   std::array<std::uint16_t, count> starts{};
@@ -104,15 +105,16 @@ const char* call_type_text(const CallRecord& record) {
 
 // YYYYMMDDhhmmss as YYYY/MM/DD hh:mm:ss, judged by its length alone; any other text as it is.
 void format_cdr_time(const char* text, config::Text<21>& cell) {
-  std::string_view shown = text;
-  char time[] = "0000/00/00 00:00:00";
-  if (shown.size() == 14) {
-    for (char& character : time) {
-      character = character == '0' ? *text++ : character;
-    }
-    shown = time;
+  constexpr std::string_view pattern = "0000/00/00 00:00:00";
+  constexpr auto digits = static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), '0'));
+  if (std::strlen(text) != digits) {
+    cell.assign(text);
+    return;
   }
-  cell.assign(shown);
+  cell.assign(pattern);
+  for (char& character : cell.bytes) {
+    character = character == '0' ? *text++ : character;
+  }
 }
 
 // Whatever ends it, the records before it are there to be shown. Returns how many.
@@ -130,14 +132,16 @@ std::size_t receive_call_log(int daemon) {
         split_fields(reply.data(), "|", fields) != fields_of_record) {
       break;
     }
-    record.call_type.assign(fields[0]);
-    record.phone_number.assign(fields[1]);
-    for (std::size_t i = 0; i < record.times.size(); ++i) {
-      format_cdr_time(fields[2 + i], record.times[i]);
-    }
-    record.reason.assign(fields[5]);
-    record.duration.assign(fields[6]);
-    record.phone.assign(fields[7]);
+    const auto& [call_type, phone_number, call_time, answer_time, end_time, reason, duration, phone, none] =
+        fields;
+    record.call_type.assign(call_type);
+    record.phone_number.assign(phone_number);
+    format_cdr_time(call_time, record.times[0]);
+    format_cdr_time(answer_time, record.times[1]);
+    format_cdr_time(end_time, record.times[2]);
+    record.reason.assign(reason);
+    record.duration.assign(duration);
+    record.phone.assign(phone);
     ++received;
   }
   return received;

@@ -1,5 +1,5 @@
-// The kinds of WAN connection as the device page sees them: name, interface, and the scripts that end and
-// renew it.
+// The kinds of WAN connection as the device page sees them: name, interface, and the script that ends and
+// renews it.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,7 @@ namespace menus::status {
 struct WanConnection {
   const char* name = nullptr;       // none: a kind that another program stored
   const char* interface = nullptr;  // none: its state cannot be shown
-  const char* stop = nullptr;       // command lines; none: there is nothing to run
-  const char* restart = nullptr;
+  const char* script = nullptr;     // what ends and renews it; none: there is nothing to run
 };
 
 // By wan_type.

@@ -62,7 +62,7 @@ void phone_book_modify() {
   shell::Dialogue ask(shell::Dialogue::ask_again);
   PhoneBookEntry& entry = pick_entry(ask);
   if (!in_use(entry)) {
-    ask.refuse(shell::Refusal::line("input No error"));
+    ask.refuse("input No error\n");
   }
   ask_and_save(ask, "DialKey=?(0-9,10 = none):", entry);
 }

@@ -91,7 +91,8 @@ char* write(char* at, config::Ipv4 address, Octets octets) {
 
 }  // namespace
 
-void flush_output() {
+// Not inline: it is rarely needed, as is put_in_pieces().
+[[gnu::noinline]] void flush_output() {
   if (filled > 0 && !lost) {
     lost = !platform::write_output({buffer.data(), filled});
   }
@@ -122,9 +123,10 @@ void put(Number number) {
 }
 
 void put(const Cell& cell) {
-  char* const at = room_for(cell.width);
-  const std::size_t length = cell.text.copy(at, cell.width);
-  filled_to(std::fill_n(at + length, cell.width - length, ' '));
+  const std::string_view shown = cell.text.substr(0, cell.width);
+  put(shown);
+  const std::size_t left = cell.width - shown.size();
+  filled_to(std::fill_n(room_for(left), left, ' '));
 }
 
 void put(config::Ipv4 address) {

@@ -86,33 +86,32 @@ int voice_daemon_receive(int descriptor, std::span<char> buffer) {
   }
 }
 
-// strtok_r() would look at each character in the same way, from pages of the C library that nothing else
-// brings into view.
+// Not strtok_r(), for which three more pages of the C library would come into view.
 int split_fields(char* text, const char* separators, std::span<const char*> fields) {
-  const auto is_separator = [separators](char character) {
+  // At a separator or the text's end, which is the separators' end as well.
+  const auto ends_field = [separators](char character) {
     const char* one = separators;
-    while (*one != '\0' && *one != character) {
+    while (*one != character && *one != '\0') {
       ++one;
     }
-    return *one != '\0';
+    return *one == character;
   };
   fields[0] = nullptr;
   std::size_t count = 0;
   while (count < fields.size()) {
-    while (is_separator(*text)) {
+    while (*text != '\0' && ends_field(*text)) {
       ++text;
     }
     if (*text == '\0') {
       break;
     }
     fields[count++] = text;
-    while (*text != '\0' && !is_separator(*text)) {
+    while (!ends_field(*text)) {
       ++text;
     }
-    if (*text == '\0') {
-      break;
+    if (*text != '\0') {
+      *text++ = '\0';
     }
-    *text++ = '\0';
   }
   return static_cast<int>(std::max<std::size_t>(count, 1));
 }

@@ -18,6 +18,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "platform/descriptor.h"
 #include "platform/platform.h"
 
 namespace platform {
@@ -203,17 +204,15 @@ void run_shell_command(const char* command, Keyboard keyboard) {
 }
 
 CommandStream open_command(const char* command) {
+  constexpr CommandStream not_started = {.descriptor = -1, .process = -1};
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) < 0) {
-    return {.descriptor = -1, .process = {}};
+    return not_started;
   }
-  const pid_t child = start_shell(command, {.output = ends[1]});
-  close(ends[1]);
-  if (child < 0) {
-    close(ends[0]);
-    return {-1, -1};
-  }
-  return {ends[0], child};
+  Descriptor output(ends[0]);
+  const Descriptor input(ends[1]);
+  const pid_t child = start_shell(command, {.output = input.number()});
+  return child < 0 ? not_started : CommandStream{output.release(), child};
 }
 
 void close_command(CommandStream stream) {

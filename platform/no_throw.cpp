@@ -6,6 +6,6 @@ namespace std {
 
 void __throw_out_of_range_fmt(const char* /*format*/, ...) {
   __builtin_trap();
-}  // NOLINT: the library's name
+}
 
 }  // namespace std

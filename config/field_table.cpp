@@ -399,8 +399,9 @@ std::span<const Field> field_table() {
 }
 
 std::string_view kind_name(Field::Kind kind) {
-  constexpr std::array<std::string_view, 9> names = {"u8",  "u16",  "u32",     "i32",     "IPv4",
-                                                     "MAC", "text", "letters", "reserved"};
+  constexpr std::string_view names[] = {"u8",  "u16",  "u32",     "i32",     "IPv4",
+                                        "MAC", "text", "letters", "reserved"};
+  static_assert(std::size(names) == static_cast<std::size_t>(Kind::reserved) + 1);
   return names[static_cast<std::size_t>(kind)];
 }
 

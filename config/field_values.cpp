@@ -32,7 +32,7 @@ bool set_decimal(std::span<std::uint8_t> bytes, std::string_view value) {
 
 // Bytes separated by one character, as in addresses and MACs.
 bool set_bytes(std::span<std::uint8_t> bytes, std::string_view value, char separator, int base) {
-  std::array<std::uint8_t, 6> parsed{};
+  std::array<std::uint8_t, sizeof(Mac)> parsed{};
   const char* at = value.data();
   const char* const end = at + value.size();
   for (std::size_t i = 0; i < bytes.size(); ++i) {

@@ -61,7 +61,7 @@ std::string escaped(std::span<const std::uint8_t> bytes) {
     if (byte >= 0x20 && byte <= 0x7e && byte != '\\') {
       out += static_cast<char>(byte);
     } else {
-      char code[5];
+      char code[sizeof "\\x00"];
       std::snprintf(code, sizeof code, "\\x%02x", byte);
       out += code;
     }
@@ -92,7 +92,7 @@ std::optional<std::string> unescaped(std::string_view value) {
 
 std::string field_value(const Field& field, std::size_t index, const ConfigurationSegment& segment) {
   const std::span<const std::uint8_t> bytes = field_bytes(field, index, segment);
-  char text[18];
+  char text[sizeof "00:00:00:00:00:00"];
   switch (field.kind) {
     case Kind::u8:
       return std::to_string(bytes[0]);

@@ -20,12 +20,10 @@ namespace menus::advanced {
 // How most tables end: save, then restart the packet filter and NAT.
 void save_and_restart_filter();
 
-using ByteSetting = std::uint8_t config::ConfigurationSegment::*;
-
 // Switches a whole table on or off. It is stored only together with a rule that is added, edited or deleted.
 struct MasterSwitch {
-  ByteSetting field = nullptr;  // none: the table has no such switch
-  const char* label = "";       // on the list
+  std::uint8_t config::ConfigurationSegment::*field = nullptr;  // none: the table has no such switch
+  const char* label = "";                                       // on the list
   shell::Prompt<shell::Shows::nothing> prompt = "";
 };
 

@@ -30,12 +30,9 @@ constexpr WeekMask build_week_mask(std::uint32_t start_day, std::uint32_t end_da
   if (start_day == end_day) {
     return mask;
   }
-  for (std::uint32_t day = start_day; day < start_day + days_of_week; ++day) {
-    const std::uint32_t weekday = day % days_of_week;
-    if (weekday == end_day) {
-      break;
-    }
-    mask[weekday] = '1';
+  const std::uint32_t behind = start_day + days_of_week;
+  for (std::uint32_t day = start_day; day < behind && day % days_of_week != end_day; ++day) {
+    mask[day % days_of_week] = '1';
   }
   return mask;
 }

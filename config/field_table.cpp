@@ -380,14 +380,6 @@ constexpr Field table[] = {
     COLUMN(54696, call_screen, CallScreenEntry, 2, screen_number),
 };
 
-#undef STRING_FILTER
-#undef SCHEDULE
-#undef COLUMN
-#undef TUNNEL
-#undef TUNNEL_FIELD
-#undef ONE
-#undef MEMBER_TYPE
-
 std::size_t element_offset(const Field& field, std::size_t index) {
   return field.offset + index * field.stride;
 }

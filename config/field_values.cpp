@@ -33,20 +33,16 @@ bool set_decimal(std::span<std::uint8_t> bytes, std::string_view value) {
 // Bytes separated by one character, as in addresses and MACs.
 bool set_bytes(std::span<std::uint8_t> bytes, std::string_view value, char separator, int base) {
   std::array<std::uint8_t, sizeof(Mac)> parsed{};
-  const char* at = value.data();
-  const char* const end = at + value.size();
+  // Each number, the last one as well, is read with the separator behind it.
+  const std::string text = std::string(value) + separator;
+  const char* at = text.data();
+  const char* const end = at + text.size();
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (i > 0) {
-      if (at == end || *at != separator) {
-        return false;
-      }
-      ++at;
-    }
     const auto [after, error] = std::from_chars(at, end, parsed[i], base);
-    if (error != std::errc{}) {
+    if (error != std::errc{} || *after != separator) {
       return false;
     }
-    at = after;
+    at = after + 1;
   }
   if (at != end) {
     return false;

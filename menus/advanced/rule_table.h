@@ -17,7 +17,7 @@
 
 namespace menus::advanced {
 
-// How most tables end: save, then restart the packet filter and NAT.
+// How most tables end.
 void save_and_restart_filter();
 
 // Switches a whole table on or off. It is stored only together with a rule that is added, edited or deleted.
@@ -58,7 +58,6 @@ consteval RuleTable rule_table(RuleTable parts) {
   return parts;
 }
 
-// The list of all rules.
 void show_rules(const RuleTable& table);
 
 // The dialogue in which the rules of a table are added, edited and deleted.

@@ -31,12 +31,12 @@ constexpr std::string_view titles[] = {
 static_assert(std::size(titles) == std::tuple_size_v<decltype(config::ConfigurationSegment::call_screen)>);
 
 // The prompt names the lists in the order of their titles.
-std::uint32_t pick_list(Dialogue& ask, shell::Option option = {}) {
+std::uint32_t pick_list(Dialogue& ask, const shell::Option& option = shell::no_option) {
   return ask.pick("Phone No.?\n0:Phone1 Incoming\n1:Phone1 Outgoing\n2:Phone2 Incoming\n3:Phone2 Outgoing\n:",
                   std::size(titles), option);
 }
 
-CallScreenEntry& pick_entry(Dialogue& ask, shell::Option option = {}) {
+CallScreenEntry& pick_entry(Dialogue& ask, const shell::Option& option = shell::no_option) {
   auto& list = shell::segment().call_screen[pick_list(ask)];
   return list[ask.pick("Phone Number List No:", list.size(), option)];
 }

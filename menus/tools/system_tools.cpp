@@ -35,7 +35,7 @@ void ping_host() {
   }
 }
 
-// The result of a call on that file. A negative errno value is told, with the file's name.
+// A call's result: a negative errno value is told, with the file's name.
 bool succeeded(const char* path, int result) {
   if (result < 0) {
     shell::put(path, ": ", platform::error_text(-result), '\n');

@@ -1,4 +1,4 @@
-// Call screening: for each telephone port a list of incoming and one of outgoing numbers, ten to a list.
+// Call screening: for each telephone port a list of incoming and one of outgoing numbers.
 #include <algorithm>
 #include <iterator>
 #include <tuple>

@@ -1,4 +1,4 @@
-// The phone book: 50 entries, each with a number, a note and perhaps a speed-dial key of its own.
+// The phone book: entries with a number, a note and perhaps a speed-dial key of their own.
 #include <algorithm>
 
 #include "menus/voip/items.h"

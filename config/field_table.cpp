@@ -380,14 +380,6 @@ constexpr Field table[] = {
     COLUMN(54696, call_screen, CallScreenEntry, 2, screen_number),
 };
 
-#undef STRING_FILTER
-#undef SCHEDULE
-#undef COLUMN
-#undef TUNNEL
-#undef TUNNEL_FIELD
-#undef ONE
-#undef MEMBER_TYPE
-
 std::size_t element_offset(const Field& field, std::size_t index) {
   return field.offset + index * field.stride;
 }
@@ -399,8 +391,9 @@ std::span<const Field> field_table() {
 }
 
 std::string_view kind_name(Field::Kind kind) {
-  constexpr std::array<std::string_view, 9> names = {"u8",  "u16",  "u32",     "i32",     "IPv4",
-                                                     "MAC", "text", "letters", "reserved"};
+  constexpr std::string_view names[] = {"u8",  "u16",  "u32",     "i32",     "IPv4",
+                                        "MAC", "text", "letters", "reserved"};
+  static_assert(std::size(names) == static_cast<std::size_t>(Kind::reserved) + 1);
   return names[static_cast<std::size_t>(kind)];
 }
 

@@ -32,21 +32,17 @@ bool set_decimal(std::span<std::uint8_t> bytes, std::string_view value) {
 
 // Bytes separated by one character, as in addresses and MACs.
 bool set_bytes(std::span<std::uint8_t> bytes, std::string_view value, char separator, int base) {
-  std::array<std::uint8_t, 6> parsed{};
-  const char* at = value.data();
-  const char* const end = at + value.size();
+  std::array<std::uint8_t, sizeof(Mac)> parsed{};
+  // Each number, the last one as well, is read with the separator behind it.
+  const std::string text = std::string(value) + separator;
+  const char* at = text.data();
+  const char* const end = at + text.size();
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (i > 0) {
-      if (at == end || *at != separator) {
-        return false;
-      }
-      ++at;
-    }
     const auto [after, error] = std::from_chars(at, end, parsed[i], base);
-    if (error != std::errc{}) {
+    if (error != std::errc{} || *after != separator) {
       return false;
     }
-    at = after;
+    at = after + 1;
   }
   if (at != end) {
     return false;
@@ -61,7 +57,7 @@ std::string escaped(std::span<const std::uint8_t> bytes) {
     if (byte >= 0x20 && byte <= 0x7e && byte != '\\') {
       out += static_cast<char>(byte);
     } else {
-      char code[5];
+      char code[sizeof "\\x00"];
       std::snprintf(code, sizeof code, "\\x%02x", byte);
       out += code;
     }
@@ -92,7 +88,7 @@ std::optional<std::string> unescaped(std::string_view value) {
 
 std::string field_value(const Field& field, std::size_t index, const ConfigurationSegment& segment) {
   const std::span<const std::uint8_t> bytes = field_bytes(field, index, segment);
-  char text[18];
+  char text[sizeof "00:00:00:00:00:00"];
   switch (field.kind) {
     case Kind::u8:
       return std::to_string(bytes[0]);

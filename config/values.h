@@ -41,15 +41,13 @@ constexpr Ipv4 operator~(Ipv4 a) {
 
 struct Mac {
   std::array<std::uint8_t, 6> byte;
-
-  constexpr bool operator==(const Mac&) const = default;
 };
 
 // ---- Texts in fixed buffers ----
 // Another program may have left a buffer without its NUL: nothing here reads or writes outside the buffer.
 
-// The characters before the first NUL, or the whole buffer when it holds none. A buffer of no bytes has an
-// address, too.
+// The characters before the first NUL, or the whole buffer when it holds none. The buffer may have no bytes,
+// but not the address nullptr.
 inline std::string_view text_in(std::span<const char> buffer) {
   return {buffer.data(), ::strnlen(buffer.data(), buffer.size())};
 }

@@ -34,4 +34,12 @@ std::string_view LineReader::next(std::span<char> into) {
   return {into.data(), length};
 }
 
+std::string_view LineReader::next_without(std::string_view marker, std::span<char> into) {
+  std::string_view line;
+  do {
+    line = next(into);
+  } while (line.find(marker) != std::string_view::npos);
+  return line;
+}
+
 }  // namespace platform

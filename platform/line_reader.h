@@ -16,6 +16,8 @@ class LineReader {
   // pieces of `into.size()` bytes. Returns what was stored in `into`, empty at the end of the file or on an
   // error.
   std::string_view next(std::span<char> into);
+  // The next of these that does not contain the marker.
+  std::string_view next_without(std::string_view marker, std::span<char> into);
 
   // Negative errno of the read that ended the reading, 0 when it was the end of the file.
   int error() const { return error_; }

@@ -15,7 +15,7 @@ void show(const config::IpFilter& rule) {
   show_schedule(rule.schedule);
 }
 
-void ask_type(shell::Dialogue& ask, config::IpFilter& rule) {
+void ask_protocol(shell::Dialogue& ask, config::IpFilter& rule) {
   ask.choice("Type?<%d>(0:TCP, 1:UDP, 2:Both):", rule.protocol, "012");
 }
 
@@ -23,11 +23,11 @@ void ask_rule(shell::Dialogue& ask, config::IpFilter& rule) {
   ask_ip_range(ask, "Start IP?<%u.%u.%u.%u>:", rule.start_ip, "End IP?<%u.%u.%u.%u>:", rule.end_ip);
   // The type comes behind the ports of a new rule, and before those of a stored one.
   if (!ask.adding()) {
-    ask_type(ask, rule);
+    ask_protocol(ask, rule);
   }
   ask_port_range(ask, "Start Port?<%d>(1~65535):", rule.start_port, "End Port?<%d>(1~65535):", rule.end_port);
   if (ask.adding()) {
-    ask_type(ask, rule);
+    ask_protocol(ask, rule);
   }
   ask.note_in_order(rule.protocol, rule.start_ip);
   ask_schedule(ask, rule.schedule);

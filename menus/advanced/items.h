@@ -1,4 +1,3 @@
-// The advanced network menu and its dialogues.
 #pragma once
 
 #include "menus/advanced/rule_table.h"

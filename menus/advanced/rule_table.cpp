@@ -46,7 +46,9 @@ std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
     ask.refuse(shell::Message::wrong_choice);
   }
   if (!ask.ended()) {
-    show_rule(table, index);
+    show_header(table);
+    show_row(table, index);
+    shell::put('\n');
   }
   return index;
 }
@@ -63,12 +65,6 @@ void show_rules(const RuleTable& table) {
   for (std::size_t index = 0; index < table.count; ++index) {
     show_row(table, index);
   }
-  shell::put('\n');
-}
-
-void show_rule(const RuleTable& table, std::size_t index) {
-  show_header(table);
-  show_row(table, index);
   shell::put('\n');
 }
 
@@ -126,10 +122,6 @@ void show_port_range(std::uint16_t start, std::uint16_t end) {
   shell::put(shell::Number(start, 5), '-', shell::Number(end, 5));
 }
 
-void ask_address(Dialogue& ask, AddressPrompt prompt, config::Ipv4& field) {
-  ask.address(prompt, field, shell::judge_kept);
-}
-
 void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start, AddressPrompt end_prompt,
                   config::Ipv4& end) {
   const config::Ipv4 first = ask.address(start_prompt, start, shell::judge_kept);
@@ -139,14 +131,10 @@ void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start
   }
 }
 
-std::uint32_t ask_port(Dialogue& ask, NumberPrompt prompt, std::uint16_t& field) {
-  return ask.number(prompt, field, {1, 65535});
-}
-
 void ask_port_range(Dialogue& ask, NumberPrompt start_prompt, std::uint16_t& start, NumberPrompt end_prompt,
                     std::uint16_t& end) {
-  const std::uint32_t first = ask_port(ask, start_prompt, start);
-  const std::uint32_t last = ask_port(ask, end_prompt, end);
+  const std::uint32_t first = ask.number(start_prompt, start, ports);
+  const std::uint32_t last = ask.number(end_prompt, end, ports);
   if (first > last) {
     // Not the port message: ports and addresses are ranges alike here.
     ask.refuse(shell::Message::ip_range);

@@ -17,15 +17,13 @@
 
 namespace menus::advanced {
 
-// How most tables end: save, then restart the packet filter and NAT.
+// How most tables end.
 void save_and_restart_filter();
-
-using ByteSetting = std::uint8_t config::ConfigurationSegment::*;
 
 // Switches a whole table on or off. It is stored only together with a rule that is added, edited or deleted.
 struct MasterSwitch {
-  ByteSetting field = nullptr;  // none: the table has no such switch
-  const char* label = "";       // on the list
+  std::uint8_t config::ConfigurationSegment::*field = nullptr;  // none: the table has no such switch
+  const char* label = "";                                       // on the list
   shell::Prompt<shell::Shows::nothing> prompt = "";
 };
 
@@ -60,9 +58,7 @@ consteval RuleTable rule_table(RuleTable parts) {
   return parts;
 }
 
-// The list of all rules, or of one under the same header.
 void show_rules(const RuleTable& table);
-void show_rule(const RuleTable& table, std::size_t index);
 
 // The dialogue in which the rules of a table are added, edited and deleted.
 void configure_rules(const RuleTable& table);
@@ -77,25 +73,18 @@ enum Protocol : std::uint8_t { tcp, udp, both, icmp, all_protocols };
 // Four characters; blanks for a number that is none of them.
 const char* protocol_name(std::uint8_t protocol);
 
-// Each octet right-aligned in three columns.
 void show_ip_range(config::Ipv4 start, config::Ipv4 end);
-// Each port right-aligned in five columns.
 void show_port_range(std::uint16_t start, std::uint16_t end);
 
 using AddressPrompt = shell::Prompt<shell::Shows::address>;
 using NumberPrompt = shell::Prompt<shell::Shows::number>;
 
-// An address that, typed or kept, is not 0.0.0.0.
-void ask_address(shell::Dialogue& ask, AddressPrompt prompt, config::Ipv4& field);
-
-// Two such addresses; of the resulting pair no octet of the start exceeds the end's.
+// Neither is 0.0.0.0, typed or kept; of the resulting pair no octet of the start exceeds the end's.
 void ask_ip_range(shell::Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start,
                   AddressPrompt end_prompt, config::Ipv4& end);
 
-// 1 to 65535.
-std::uint32_t ask_port(shell::Dialogue& ask, NumberPrompt prompt, std::uint16_t& field);
-
-// Two ports; the resulting pair does not descend.
+constexpr shell::Range ports{1, 65535};
+// The resulting pair does not descend.
 void ask_port_range(shell::Dialogue& ask, NumberPrompt start_prompt, std::uint16_t& start,
                     NumberPrompt end_prompt, std::uint16_t& end);
 

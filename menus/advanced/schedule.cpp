@@ -1,23 +1,43 @@
 #include "menus/advanced/schedule.h"
 
+#include <cstdint>
+#include <tuple>
+
 #include "shell/output.h"
 
 namespace menus::advanced {
 namespace {
 
-// What a rule without a schedule holds.
-constexpr config::Schedule always{0, 0, 0, 0, 0, build_week_mask(0, 0)};
+// One '0' or '1' per weekday, Sunday first, as the segment holds it.
+using WeekMask = decltype(config::Schedule::week_mask);
+constexpr std::uint32_t days_of_week = std::tuple_size_v<WeekMask>;
 
-constexpr shell::Range hours{0, 23};
-constexpr shell::Range minutes{0, 55, 5};
-constexpr shell::Range weekdays{0, days_of_week - 1};
+// 0 Sunday to 6 Saturday.
+struct DayRun {
+  static constexpr std::uint8_t no_day = days_of_week;
+  std::uint8_t start_day;
+  std::uint8_t end_day;
+};
 
-void show_time(std::uint8_t hour, std::uint8_t minute) {
-  shell::put(shell::Number(hour), ':', shell::Number(minute, 2, '0'));
+// '1' from the start day to the end day, forward through the week and round its end. A day outside 0..6, as
+// it comes from a mask without bounds, marks no day of its own.
+constexpr WeekMask build_week_mask(std::uint32_t start_day, std::uint32_t end_day) {
+  WeekMask mask;
+  mask.fill('0');
+  if (end_day < days_of_week) {
+    mask[end_day] = '1';
+  }
+  if (start_day == end_day) {
+    return mask;
+  }
+  const std::uint32_t behind = start_day + days_of_week;
+  for (std::uint32_t day = start_day; day < behind && day % days_of_week != end_day; ++day) {
+    mask[day % days_of_week] = '1';
+  }
+  return mask;
 }
 
-}  // namespace
-
+// The first and the last day of the run; no_day where a mask of other programs has no such bound.
 DayRun week_mask_bounds(const WeekMask& mask) {
   DayRun run{DayRun::no_day, DayRun::no_day};
   // Backwards, so that of several runs the first bounds remain.
@@ -33,10 +53,24 @@ DayRun week_mask_bounds(const WeekMask& mask) {
   return run;
 }
 
+// What a rule without a schedule holds.
+constexpr config::Schedule always{0, 0, 0, 0, 0, build_week_mask(0, 0)};
+
+constexpr shell::Range hours{0, 23};
+constexpr shell::Range minutes{0, 55, 5};
+constexpr shell::Range weekdays{0, days_of_week - 1};
+
+// "Sun" for a day outside 0..6.
 const char* day_abbreviation(std::uint8_t day) {
   static constexpr char days[days_of_week][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
   return days[day < days_of_week ? day : 0];
 }
+
+void show_time(std::uint8_t hour, std::uint8_t minute) {
+  shell::put(shell::Number(hour), ':', shell::Number(minute, 2, '0'));
+}
+
+}  // namespace
 
 void show_schedule(const config::Schedule& schedule) {
   if (schedule.schedule_mode == 0) {

@@ -14,7 +14,7 @@ void show(const config::SpecialApplication& rule) {
 }
 
 void ask_rule(shell::Dialogue& ask, config::SpecialApplication& rule) {
-  ask_port(ask, "Trigger Port?<%d>(1~65535):", rule.trigger_port);
+  ask.number("Trigger Port?<%d>(1~65535):", rule.trigger_port, ports);
   ask.choice("Trigger Type?<%d>(0:TCP, 1:UDP, 2:Both):", rule.trigger_type, "012");
   ask_port_range(ask, "Public Port Start?<%d>(1~65535):", rule.public_port_start,
                  "Public Port End?<%d>(1~65535):", rule.public_port_end);

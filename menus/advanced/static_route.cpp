@@ -21,15 +21,14 @@ void show(const config::StaticRoute& route) {
 
 void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {
   const std::uint8_t type = ask.choice("Type?<%d>(0:Net, 1:Host):", route.route_type, "01");
-  ask_address(ask, "Target?<%u.%u.%u.%u>:", route.route_target);
+  ask.address("Target?<%u.%u.%u.%u>:", route.route_target, shell::judge_kept);
   if (ask.adding() && type == host) {
     ask.note(route.route_netmask, host_netmask);
   } else {
-    // A stored route's mask is asked for whatever its type: a net that becomes a host keeps what is left
-    // here.
+    // A stored route's mask is asked for even when it becomes a host.
     ask.netmask("Netmask?<%u.%u.%u.%u>:", route.route_netmask, shell::judge_kept);
   }
-  ask_address(ask, "Gateway?<%u.%u.%u.%u>:", route.route_gateway);
+  ask.address("Gateway?<%u.%u.%u.%u>:", route.route_gateway, shell::judge_kept);
 }
 
 void save_and_restart_routes() {

@@ -13,9 +13,7 @@ using config::StringFilter;
 void show(const StringFilter& rule) {
   shell::put('|');
   show_ip_range(rule.start_ip, rule.end_ip);
-  shell::put('|');
-  shell::put(rule.filter_string.view());
-  shell::put('\n');
+  shell::put('|', rule.filter_string.view(), '\n');
 }
 
 void ask_clients(shell::Dialogue& ask, StringFilter& rule) {

@@ -15,11 +15,11 @@ void show(const config::VirtualServer& rule) {
 }
 
 void ask_rule(shell::Dialogue& ask, config::VirtualServer& rule) {
-  ask_address(ask, "Private IP?<%u.%u.%u.%u>:", rule.private_ip);
+  ask.address("Private IP?<%u.%u.%u.%u>:", rule.private_ip, shell::judge_kept);
   ask.choice("Protocol Type?<%d>(0:TCP, 1:UDP, 2:Both):", rule.protocol, "012");
   ask.note_in_order(rule.protocol, rule.private_ip);
-  ask_port(ask, "Private Port?<%d>(1~65535):", rule.private_port);
-  ask_port(ask, "Public Port?<%d>(1~65535):", rule.public_port);
+  ask.number("Private Port?<%d>(1~65535):", rule.private_port, ports);
+  ask.number("Public Port?<%d>(1~65535):", rule.public_port, ports);
   ask_schedule(ask, rule.schedule);
 }
 

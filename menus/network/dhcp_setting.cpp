@@ -43,13 +43,12 @@ constexpr auto lease_times = std::to_array<LeaseTime>({
     {259200, "3 Days"},
     {604800, "1 Week"},
 });
+static_assert(lease_times.size() <= 10, "a lease time is chosen by one digit");
 
 // lease_times.size() when another program has stored a time that is not in the table.
 std::size_t lease_index(std::uint32_t seconds) {
-  const auto* const found =
-      std::find_if(lease_times.begin(), lease_times.end(),
-                   [seconds](const LeaseTime& lease) { return lease.seconds == seconds; });
-  return static_cast<std::size_t>(found - lease_times.begin());
+  return static_cast<std::size_t>(std::ranges::find(lease_times, seconds, &LeaseTime::seconds) -
+                                  lease_times.begin());
 }
 
 const char* lease_label(std::size_t index) {
@@ -144,60 +143,53 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
     ask.text("Description?<%s>:", client.description);
   }
   ask.note_in_order(client.mac, client.ip);
-  if (ask.commit()) {
-    apply_dhcp();
-  }
 }
 
-void add_client() {
-  auto& table = shell::segment().dhcp.static_dhcp_table;
-  auto* const slot = std::find_if(table.begin(), table.end(), [](const StaticDhcpClient& client) {
-    return client.enable == config::free_slot;
-  });
+std::size_t find_free_slot(Dialogue& ask) {
+  const auto& table = shell::segment().dhcp.static_dhcp_table;
+  const auto* const slot = std::ranges::find(table, config::free_slot, &StaticDhcpClient::enable);
   if (slot == table.end()) {
-    shell::show_message(Message::table_full);
-    return;
+    ask.refuse(Message::table_full);
   }
-  Dialogue ask(Dialogue::refuse_by_kind, Dialogue::Record::added);
-  ask_client(ask, *slot);
+  return static_cast<std::size_t>(slot - table.begin());
 }
 
-void modify_client() {
-  auto& table = shell::segment().dhcp.static_dhcp_table;
-  Dialogue ask(Dialogue::refuse_by_kind);
+std::size_t pick_client(Dialogue& ask) {
+  const auto& table = shell::segment().dhcp.static_dhcp_table;
   const std::size_t index = ask.pick("What item do you want to configure? (0-%d):", table.size());
-  StaticDhcpClient& client = table[index];
-  if (client.enable == config::free_slot) {
+  if (table[index].enable == config::free_slot) {
     ask.refuse(Message::wrong_choice);
   }
-  if (ask.ended()) {
-    return;
+  if (!ask.ended()) {
+    show_static_dhcp(index);
   }
-  show_static_dhcp(index);
-  const std::uint32_t edit = ask.pick("Del or Edit ? (0:Delete, 1:Edit):", 2, {.rest_ignored = true});
-  if (ask.ended()) {
-    return;
-  }
-  if (edit != 0) {
-    shell::show_message(Message::keep_with_enter);
-    ask_client(ask, client);
-    return;
-  }
-  client.enable = config::free_slot;
-  apply_dhcp();
+  return index;
 }
 
 void static_client_setting() {
   show_static_dhcp();
-  Dialogue ask(Dialogue::refuse_by_kind);
-  const std::uint32_t modify = ask.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2);
-  if (ask.ended()) {
+
+  Dialogue choose(Dialogue::refuse_by_kind);
+  const bool modify = choose.pick("Add new rule or Modify old rule ?(0:Add New, 1:Modify):", 2) == 1;
+  const std::size_t index = modify ? pick_client(choose) : find_free_slot(choose);
+  const bool remove =
+      modify && choose.pick("Del or Edit ? (0:Delete, 1:Edit):", 2, {.rest_ignored = true}) == 0;
+  if (choose.ended()) {
     return;
   }
-  if (modify != 0) {
-    modify_client();
+
+  StaticDhcpClient& client = shell::segment().dhcp.static_dhcp_table[index];
+  Dialogue ask(Dialogue::refuse_by_kind, modify ? Dialogue::Record::stored : Dialogue::Record::added);
+  if (remove) {
+    ask.note(client.enable, config::free_slot);
   } else {
-    add_client();
+    if (modify) {
+      shell::show_message(Message::keep_with_enter);
+    }
+    ask_client(ask, client);
+  }
+  if (ask.commit()) {
+    apply_dhcp();
   }
 }
 

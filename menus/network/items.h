@@ -1,4 +1,3 @@
-// The basic network menu and its dialogues.
 #pragma once
 
 #include "shell/menu.h"

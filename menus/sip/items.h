@@ -1,4 +1,3 @@
-// The SIP menu and its dialogues.
 #pragma once
 
 #include "shell/menu.h"

@@ -11,7 +11,7 @@
 namespace menus::status {
 namespace {
 
-constexpr std::string_view rule = "------------------------------------------------------\n";
+constexpr std::string_view dashes = "------------------------------------------------------\n";
 
 void show_function_state(const char* name, std::uint8_t enabled) {
   shell::put(name, enabled != 0 ? " : Enabled \n" : " : Disabled \n");
@@ -25,20 +25,16 @@ void device_information() {
   const std::uint8_t wan_type = settings.wan.wan_type;
   const WanConnection& wan = wan_connection(wan_type);
 
-  shell::put("Device Information\n");
-  shell::put(rule);
+  const std::string_view host_name = settings.wan.host_name.view();
+  shell::put("Device Information\n", dashes);
   shell::put("Model Name : NTX4830 \n");
   shell::put("Firmware Version : " FIRMWARE_VERSION " \n");
-  const std::string_view host_name = settings.wan.host_name.view();
-  shell::put("Host Name : ");
-  shell::put(host_name);
-  shell::put(host_name.ends_with('\n') ? "" : "\n");
+  shell::put("Host Name : ", host_name, host_name.ends_with('\n') ? "" : "\n");
   shell::put("System Date : ");
   show_system_date();
   shell::put("Up Time : ");
   show_up_time();
-  shell::put("Device Mode : Router Mode \n");
-  shell::put(rule);
+  shell::put("Device Mode : Router Mode \n", dashes);
   if (wan.name != nullptr) {
     shell::put("WAN Type : ", wan.name, " \n");
   }
@@ -48,11 +44,11 @@ void device_information() {
     show_default_gateway();
   }
   show_dns_servers();
-  shell::put(rule);
+  shell::put(dashes);
   show_interface_addresses("eth1", "LAN");
   show_function_state("DHCP Server Function", settings.dhcp.dhcp_server_enable);
   show_function_state("DNS Proxy Function", settings.lan.dns_proxy_enable);
-  shell::put(rule);
+  shell::put(dashes);
   offer_wan_action(wan_type);
 }
 

@@ -1,4 +1,4 @@
-// The status menu and its pages. They change no setting.
+// These pages change no setting.
 #pragma once
 
 #include "shell/menu.h"

@@ -1,7 +1,7 @@
 // The two phones and accounts as the voice daemon sees them, and its RTP packet counters.
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <cstddef>
 #include <iterator>
 #include <span>
 #include <tuple>
@@ -13,39 +13,31 @@
 namespace menus::status {
 namespace {
 
-constexpr const char* periods[] = {"total", "current"};
-constexpr const char* counters[] = {"send", "recv", "lost"};
-constexpr std::size_t phones = 2;
+// The packet table's rows: phone and channel.
+constexpr const char* rows[] = {
+    "  1  |   0   ",
+    "     |   1   ",
+    "  2  |   0   ",
+    "     |   1   ",
+};
 constexpr std::size_t channels = 2;  // of each phone
+constexpr std::size_t counters = 3;  // of a row: sent, received, lost
+constexpr std::size_t period_length = std::size(rows) * counters;
+constexpr std::size_t states = 4;  // of the phones, then of their accounts
 
-// Where in the answer the counters of a period begin, and where the states do.
-constexpr std::size_t period_length = phones * channels * std::size(counters);
-constexpr std::size_t first_state = std::size(periods) * period_length;
-constexpr std::size_t states = 2 * phones;  // of the phones, then of their accounts
-
-using Query = std::array<char, sizeof "get rtpstatcurrentsend 0 0">;
-using Queries = std::array<Query, first_state + states>;
-// The answer has a line for each query, in the same order.
-using Fields = std::array<const char*, std::tuple_size_v<Queries>>;
-
-void write_queries(Queries& queries) {
-  auto* query = queries.begin();
-  for (const char* const period : periods) {
-    for (std::size_t i = 0; i < phones * channels; ++i) {
-      for (const char* const counter : counters) {
-        std::snprintf(query->data(), query->size(), "get rtpstat%s%s %zu %zu", period, counter, i / channels,
-                      i % channels);
-        ++query;
-      }
-    }
-  }
-  for (const char* const state : {"epstate", "epregstate"}) {
-    for (std::size_t phone = 0; phone < phones; ++phone) {
-      std::snprintf(query->data(), query->size(), "get %s %zu", state, phone);
-      ++query;
-    }
-  }
-}
+// Row by row in total, then row by row currently, then the states. The answer has a line for each line.
+constexpr char queries[] =
+    "get rtpstattotalsend 0 0\nget rtpstattotalrecv 0 0\nget rtpstattotallost 0 0\n"
+    "get rtpstattotalsend 0 1\nget rtpstattotalrecv 0 1\nget rtpstattotallost 0 1\n"
+    "get rtpstattotalsend 1 0\nget rtpstattotalrecv 1 0\nget rtpstattotallost 1 0\n"
+    "get rtpstattotalsend 1 1\nget rtpstattotalrecv 1 1\nget rtpstattotallost 1 1\n"
+    "get rtpstatcurrentsend 0 0\nget rtpstatcurrentrecv 0 0\nget rtpstatcurrentlost 0 0\n"
+    "get rtpstatcurrentsend 0 1\nget rtpstatcurrentrecv 0 1\nget rtpstatcurrentlost 0 1\n"
+    "get rtpstatcurrentsend 1 0\nget rtpstatcurrentrecv 1 0\nget rtpstatcurrentlost 1 0\n"
+    "get rtpstatcurrentsend 1 1\nget rtpstatcurrentrecv 1 1\nget rtpstatcurrentlost 1 1\n"
+    "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1";
+using Fields = std::array<const char*, 2 * period_length + states>;
+static_assert(std::ranges::count(queries, '\n') + 1 == std::tuple_size_v<Fields>);
 
 void show_states(std::span<const char* const> fields) {
   const char* separator = "";
@@ -56,13 +48,12 @@ void show_states(std::span<const char* const> fields) {
   shell::put('\n');
 }
 
-// A row of the packet table: what is sent, received and lost in total, each beside the current count.
-void show_counters(const char* phone_and_channel, const Fields& fields, std::size_t row) {
-  shell::put(phone_and_channel);
-  const char* const* total = &fields[row * std::size(counters)];
-  for (std::size_t i = 0; i < std::size(counters); ++i, ++total) {
-    shell::put('|', shell::Number(field_number(*total), 9), '|',
-               shell::Number(field_number(total[period_length]), 9));
+// What is sent, received and lost in total, each beside the current count.
+void show_counters(const Fields& fields, std::size_t row) {
+  shell::put(rows[row]);
+  for (std::size_t i = row * counters; i < (row + 1) * counters; ++i) {
+    shell::put('|', shell::Number(field_number(fields[i]), 9), '|',
+               shell::Number(field_number(fields[i + period_length]), 9));
   }
   shell::put('\n');
 }
@@ -71,11 +62,7 @@ void show_counters(const char* phone_and_channel, const Fields& fields, std::siz
 
 void line_state() {
   shell::flush_output();
-  Queries queries;
-  write_queries(queries);
-  std::array<const char*, std::tuple_size_v<Queries>> commands;
-  std::transform(queries.begin(), queries.end(), commands.begin(),
-                 [](const Query& query) { return query.data(); });
+  const char* const commands[] = {queries};
   Fields fields;
   if (voice_daemon_query(commands, fields) < 0) {
     return;
@@ -84,19 +71,17 @@ void line_state() {
       "\n"
       "Phone 1            |Phone 2            |Account 1          |Account 2\n"
       "-------------------+-------------------+-------------------+------------------\n");
-  show_states(std::span(fields).subspan(first_state));
-  constexpr const char* separator =
-      "-----+-------+---------+---------+---------+---------+---------+--------------\n";
+  show_states(std::span(fields).last(states));
   shell::put(
       "\n"
       "     |       |RTP Send Packets   |RTP Recv Packets   |Packet loss\n"
       "Phone|Channel|    Total|  Current|    Total|  Current|    Total|  Current\n");
-  shell::put(separator);
-  show_counters("  1  |   0   ", fields, 0);
-  show_counters("     |   1   ", fields, 1);
-  shell::put(separator);
-  show_counters("  2  |   0   ", fields, 2);
-  show_counters("     |   1   ", fields, 3);
+  for (std::size_t row = 0; row < std::size(rows); ++row) {
+    if (row % channels == 0) {
+      shell::put("-----+-------+---------+---------+---------+---------+---------+--------------\n");
+    }
+    show_counters(fields, row);
+  }
   shell::put('\n');
 }
 

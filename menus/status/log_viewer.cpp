@@ -14,33 +14,23 @@ namespace menus::status {
 namespace {
 
 constexpr std::size_t page_length = 20;
-constexpr std::string_view rule = "-----------------------------------------------------------------\n";
+constexpr std::string_view dashes = "-----------------------------------------------------------------\n";
 
 constexpr const char* system_log = "/var/tmp/messages";
 constexpr const char* snapshot_command =
     "cat /var/tmp/messages | awk {'print $1,$2,$3,$5,$7,$8,$9,$10,$11,$12,$13,$14'} > /tmp/messages.tmp";
-// /var/tmp and /tmp are the same folder on most devices, but not on all.
-constexpr const char* snapshot_names[] = {"/var/tmp/messages.tmp", "/tmp/messages.tmp"};
-
-// A longer line counts as several.
-using LineBuffer = std::array<char, 510>;
 
 int open_existing_snapshot() {
-  int file = -1;
-  for (const char* const name : snapshot_names) {
-    file = platform::open_for_reading(name);
-    if (file >= 0) {
-      break;
-    }
-  }
-  return file;
+  // /var/tmp and /tmp are the same folder on most devices, but not on all.
+  const int file = platform::open_for_reading("/var/tmp/messages.tmp");
+  return file >= 0 ? file : platform::open_for_reading("/tmp/messages.tmp");
 }
 
 // The snapshot, made if need be; negative when there is neither a snapshot nor a log to make it from.
 int open_snapshot() {
-  const int snapshot = open_existing_snapshot();
-  if (snapshot >= 0) {
-    return snapshot;
+  const int existing = open_existing_snapshot();
+  if (existing >= 0) {
+    return existing;
   }
   // The command would leave an empty snapshot behind, and that would be the log from then on.
   if (!platform::Descriptor(platform::open_for_reading(system_log)).is_open()) {
@@ -50,43 +40,38 @@ int open_snapshot() {
   return open_existing_snapshot();
 }
 
-// The next line that is no debug entry; empty at the end of the file.
-std::string_view next_entry(platform::LineReader& lines, LineBuffer& buffer) {
-  std::string_view line;
-  do {
-    line = lines.next(buffer);
-  } while (line.find("debug") != std::string_view::npos);
-  return line;
-}
+// Entries with it are not shown.
+constexpr std::string_view debug = "debug";
+// A longer line counts as several.
+using LineBuffer = std::array<char, 510>;
 
-std::size_t count_entries(int snapshot) {
-  platform::LineReader lines(snapshot);
+std::size_t count_entries(int file) {
+  platform::LineReader lines(file);
   LineBuffer buffer;
   std::size_t count = 0;
-  while (!next_entry(lines, buffer).empty()) {
+  while (!lines.next_without(debug, buffer).empty()) {
     ++count;
   }
   return count;
 }
 
 // Reads from the start up to the entry: the device has no memory to spare for a copy or an index.
-void show_entry(int snapshot, std::size_t number) {
-  platform::rewind_file(snapshot);
-  platform::LineReader lines(snapshot);
+void show_entry(int file, std::size_t number) {
+  platform::rewind_file(file);
+  platform::LineReader lines(file);
   LineBuffer buffer;
   std::string_view entry;
   do {
-    entry = next_entry(lines, buffer);
+    entry = lines.next_without(debug, buffer);
   } while (!entry.empty() && --number > 0);
   shell::put(entry);
 }
 
 // False when the rest is not wanted.
 bool next_page_wanted() {
-  shell::put(rule);
-  shell::put("q:Exit , other:Continue:");
+  shell::put(dashes, "q:Exit , other:Continue:");
   shell::read_line();
-  shell::put(rule);
+  shell::put(dashes);
   return !shell::line_is_q();
 }
 
@@ -99,7 +84,7 @@ void log_viewer() {
     return;
   }
   const std::size_t entries = count_entries(snapshot.number());
-  shell::put(rule);
+  shell::put(dashes);
   for (std::size_t shown = 0; shown < entries; ++shown) {
     if (shown > 0 && shown % page_length == 0 && !next_page_wanted()) {
       shell::put("q:Exit\n");
@@ -107,8 +92,7 @@ void log_viewer() {
     }
     show_entry(snapshot.number(), entries - shown);
   }
-  shell::put(rule);
-  shell::put("haven't other log message\n\n\n");
+  shell::put(dashes, "haven't other log message\n\n\n");
 }
 
 }  // namespace menus::status

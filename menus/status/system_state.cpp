@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <string_view>
 
-#include "config/values.h"
 #include "platform/descriptor.h"
 #include "platform/line_reader.h"
 #include "platform/platform.h"
@@ -22,7 +21,7 @@ bool contains(std::string_view text, const char* part) {
   return text.find(part) != std::string_view::npos;
 }
 
-std::string_view up_to(std::string_view text, char end) {
+std::string_view before(std::string_view text, char end) {
   return text.substr(0, text.find(end));
 }
 
@@ -35,7 +34,7 @@ std::string_view behind(std::string_view text, std::string_view marker, std::siz
 }
 
 void show_value(const char* label, const char* name, std::string_view value) {
-  shell::put(label, name, up_to(value, '\0'), '\n');
+  shell::put(label, name, before(value, '\0'), '\n');
 }
 
 shell::CommandOutput ifconfig(const char* interface) {
@@ -52,7 +51,7 @@ void show_interface_mac(const char* interface, const char* label) {
   }
   const std::string_view line = output.next_line();
   if (!contains(line, "error")) {
-    show_value(label, " MAC Address : ", behind(up_to(line, '\n'), "HWaddr", 1));
+    show_value(label, " MAC Address : ", behind(before(line, '\n'), "HWaddr", 1));
   }
 }
 
@@ -66,8 +65,7 @@ bool ppp_link_is_up() {
   }
   std::array<char, 254> buffer;
   const std::string_view line = platform::LineReader(found.number()).next(buffer);
-  shell::put(line);
-  shell::put('\n');
+  shell::put(line, '\n');
   const bool up = contains(line, "ppp0");
   if (!up) {
     shell::put("WAN is disconnection!\n");
@@ -89,8 +87,7 @@ void show_up_time() {
   if (line.empty()) {
     shell::put(nothing_found);
   } else if (contains(line, ",")) {
-    shell::put(behind(up_to(line, ','), "up", 1));
-    shell::put('\n');
+    shell::put(behind(before(line, ','), "up", 1), '\n');
   }
 }
 
@@ -101,8 +98,7 @@ void show_default_gateway() {
     line = routes.next_line();
   } while (!line.empty() && (!contains(line, "UG") || contains(line, "UGH")));
   const std::size_t flags = std::min(line.find("UG"), line.size());
-  shell::put(line.substr(0, flags == 0 ? 0 : flags - 1));
-  shell::put('\n');
+  shell::put(line.substr(0, flags == 0 ? 0 : flags - 1), '\n');
 }
 
 void show_interface_addresses(const char* interface, const char* label) {
@@ -119,29 +115,32 @@ void show_interface_addresses(const char* interface, const char* label) {
     return;
   }
   show_interface_mac(is_ppp ? "eth0" : interface, label);
-  const std::string_view addresses = behind(up_to(output.next_line(), '\n'), "inet addr:", 0);
-  show_value(label, " IP Address : ", up_to(addresses, ' '));
+  const std::string_view addresses = behind(before(output.next_line(), '\n'), "inet addr:", 0);
+  show_value(label, " IP Address : ", before(addresses, ' '));
   show_value(label, " Subnet Mask : ", behind(addresses, "Mask:", 0));
 }
 
 void show_dns_servers() {
-  std::array<config::Text<100>, 5> servers{};
+  // In front of each server that is shown, or of nothing where there are fewer.
+  static constexpr std::array<std::string_view, 5> labels = {
+      "DNS 1 (Primary):", "\nDNS 2 (Secondary):", "\nOther DNS: "};
+  constexpr std::size_t others = 2;  // from here on
   std::size_t count = 0;
   const platform::Descriptor file(platform::open_for_reading("/etc/resolv.conf"));
   if (file.is_open()) {
     platform::LineReader lines(file.number());
     std::array<char, 99> buffer;
     std::string_view line;
-    while (count < servers.size() && !(line = lines.next(buffer)).empty()) {
+    while (count < labels.size() && !(line = lines.next(buffer)).empty()) {
       if (contains(line, "nameserver")) {
-        servers[count++].assign(behind(up_to(line, '\n'), "nameserver", 1));
+        const std::string_view server = behind(before(line, '\n'), "nameserver", 1);
+        shell::put(labels[count], before(server, '\0'), count < others ? "" : ",");
+        ++count;
       }
     }
   }
-  shell::put("DNS 1 (Primary):", servers[0].view(), "\nDNS 2 (Secondary):", servers[1].view(),
-             "\nOther DNS: ");
-  for (std::size_t i = 2; i < count; ++i) {
-    shell::put(servers[i].view(), ',');
+  for (; count < labels.size(); ++count) {
+    shell::put(labels[count]);
   }
   shell::put('\n');
 }

@@ -58,7 +58,8 @@ void select_time_zone() {
   for (std::size_t i = 0; i <= last; ++i) {
     // Two to a line.
     const bool first = i % 2 == 0;
-    shell::put(first ? '\n' : ' ', shell::Number(i, first ? 1 : 2), '-', shell::Cell{time_zones[i], 36});
+    shell::put(first ? '\n' : ' ', shell::Number(i, first ? 1 : 2), '-',
+               shell::Cell{time_zones[i], sizeof time_zones[i] - 1});
   }
   shell::put(" \nSelect Time Zone (0-", shell::Number(last), "): ");
   const bool answered = shell::read_line() != 0;

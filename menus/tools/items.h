@@ -1,4 +1,3 @@
-// The tools menu and its dialogues.
 #pragma once
 
 #include "shell/menu.h"

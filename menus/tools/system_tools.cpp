@@ -1,6 +1,5 @@
 // Ping, and the reset to the factory settings.
 #include <array>
-#include <span>
 #include <string_view>
 
 #include "config/firmware.h"
@@ -36,59 +35,44 @@ void ping_host() {
   }
 }
 
-// Returns false.
-bool report_failure(const char* path, const char* reason) {
-  shell::put(path, ": ", reason, '\n');
-  return false;
-}
-
-// For a negative errno value. Returns false.
-bool report_failure(const char* path, int error) {
-  return report_failure(path, platform::error_text(-error));
-}
-
-// The next piece to copy, empty behind the last one: version markers are the defaults file's own.
-std::string_view next_setting(platform::LineReader& reader, std::span<char> buffer) {
-  std::string_view piece;
-  do {
-    piece = reader.next(buffer);
-  } while (piece.find("#ver.") != std::string_view::npos);
-  return piece;
-}
-
-// The partition is not opened, and so not emptied, before there is something to write to it.
-bool copy_lines(int defaults, const char* path) {
-  platform::LineReader reader(defaults);
-  std::array<char, 510> buffer;
-  std::string_view piece = next_setting(reader, buffer);
-  if (piece.empty()) {
-    return reader.error() != 0 ? report_failure(path, reader.error())
-                               : report_failure(path, "There are no settings in it");
+// A call's result: a negative errno value is told, with the file's name.
+bool succeeded(const char* path, int result) {
+  if (result < 0) {
+    shell::put(path, ": ", platform::error_text(-result), '\n');
   }
-  platform::Descriptor partition(platform::open_for_writing(config::settings_partition));
-  if (!partition.is_open()) {
-    return report_failure(config::settings_partition, partition.number());
-  }
-  int write_error = 0;
-  for (; !piece.empty() && write_error == 0; piece = next_setting(reader, buffer)) {
-    write_error = platform::write_all(partition.number(), piece);
-  }
-  // While another program has the partition open, closing it leaves the last erase block in the kernel's
-  // memory, and so does sync().
-  if (write_error == 0) {
-    write_error = platform::flush_file(partition.number());
-  }
-  const int close_error = partition.close();
-  if (write_error != 0 || close_error != 0) {
-    return report_failure(config::settings_partition, write_error != 0 ? write_error : close_error);
-  }
-  return reader.error() == 0 || report_failure(path, reader.error());
+  return result >= 0;
 }
 
 // On failure false, and one line has said which file and why.
 bool copy_factory_defaults(const char* path) {
   const platform::Descriptor defaults(platform::open_for_reading(path));
-  return defaults.is_open() ? copy_lines(defaults.number(), path) : report_failure(path, defaults.number());
+  if (!succeeded(path, defaults.number())) {
+    return false;
+  }
+  platform::LineReader reader(defaults.number());
+  std::array<char, 510> buffer;
+  constexpr std::string_view version = "#ver.";  // of the defaults file itself
+  std::string_view piece = reader.next_without(version, buffer);
+  if (piece.empty()) {
+    if (succeeded(path, reader.error())) {
+      shell::put(path, ": There are no settings in it\n");
+    }
+    return false;
+  }
+  // Opening empties it, so there has to be something to write by then.
+  platform::Descriptor partition(platform::open_for_writing(config::settings_partition));
+  int result = partition.number();
+  for (; !piece.empty() && result >= 0; piece = reader.next_without(version, buffer)) {
+    result = platform::write_all(partition.number(), piece);
+  }
+  // While another program has the partition open, closing it leaves the last erase block in the kernel's
+  // memory, and so does sync().
+  if (result >= 0) {
+    result = platform::flush_file(partition.number());
+  }
+  const int closed = partition.close();
+  return succeeded(config::settings_partition, result < 0 ? result : closed) &&
+         succeeded(path, reader.error());
 }
 
 // Does not return once the defaults are in the partition. The segment still holds the old settings, so

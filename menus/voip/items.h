@@ -1,4 +1,3 @@
-// The VoIP menu and its dialogues.
 #pragma once
 
 #include "shell/menu.h"

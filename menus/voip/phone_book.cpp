@@ -1,10 +1,9 @@
-// The phone book: 50 entries, each with a number, a note and perhaps a speed-dial key of its own.
+// The phone book: entries with a number, a note and perhaps a speed-dial key of their own.
 #include <algorithm>
 
-#include "menus/voip/action_menu.h"
 #include "menus/voip/items.h"
+#include "menus/voip/number_list.h"
 #include "shell/apply.h"
-#include "shell/dialogue.h"
 #include "shell/output.h"
 #include "shell/session.h"
 
@@ -26,8 +25,7 @@ PhoneBookEntry& pick_entry(shell::Dialogue& ask) {
 void ask_and_save(shell::Dialogue& ask, shell::Prompt<shell::Shows::nothing> key_prompt,
                   PhoneBookEntry& entry) {
   const auto key = ask.hidden_number(key_prompt, entry.dial_key, {0, PhoneBookEntry::no_dial_key});
-  ask.hidden_text("phone number(Max 15 character):", entry.phone_number,
-                  {.max = longest_phone_number, .digits_only = true});
+  ask.hidden_text("phone number(Max 15 character):", entry.phone_number, phone_number_rule);
   ask.hidden_text("note(Max 255 character):", entry.note, {.max = 255, .may_be_empty = true});
   if (ask.ended()) {
     return;
@@ -68,9 +66,8 @@ void phone_book_modify() {
 }
 
 void phone_book_list() {
-  constexpr std::string_view rule = "---------------------------------------------------------\n";
-  shell::put("Phone book\n");
-  shell::put(rule);
+  constexpr std::string_view dashes = "---------------------------------------------------------\n";
+  shell::put("Phone book\n", dashes);
   int number = 0;
   for (const PhoneBookEntry& entry : shell::segment().phone_book) {
     if (in_use(entry)) {
@@ -82,18 +79,18 @@ void phone_book_list() {
         shell::put("None");
       }
       shell::put(" | Phone number=", entry.phone_number.view(), has_key ? "\nnote:" : "\nnoto:");
-      shell::put(entry.note.view(), '\n', rule);
+      shell::put(entry.note.view(), '\n', dashes);
     }
     ++number;
   }
-  shell::put(rule);
+  shell::put(dashes);
 }
 
 }  // namespace
 
 void phone_book() {
-  run_action_menu("Phone Book Action?",
-                  {phone_book_add, phone_book_delete, phone_book_modify, phone_book_list});
+  run_action_menu("Phone Book Action?", phone_book_add, phone_book_delete, phone_book_modify,
+                  phone_book_list);
 }
 
 }  // namespace menus::voip

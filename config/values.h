@@ -41,6 +41,18 @@ constexpr Ipv4 operator~(Ipv4 a) {
 
 struct Mac {
   std::array<std::uint8_t, 6> byte;
+
+  // First byte in the lowest eight bits, as they lie in memory.
+  std::uint64_t word() const {
+    std::uint64_t word = 0;
+    std::memcpy(&word, this, sizeof *this);
+    return word;
+  }
+  static Mac from_word(std::uint64_t word) {
+    Mac mac;
+    std::memcpy(&mac, &word, sizeof mac);
+    return mac;
+  }
 };
 
 // ---- Texts in fixed buffers ----

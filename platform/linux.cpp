@@ -24,7 +24,6 @@
 namespace platform {
 namespace {
 
-constexpr int cannot_start = 255;
 // How posix_spawn()'s child ends when it cannot tell its parent that the program cannot be started.
 constexpr int spawn_failed = 127;
 

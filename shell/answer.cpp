@@ -1,22 +1,10 @@
 #include "shell/answer.h"
 
-#include <cstring>
-
 #include "shell/line.h"
 #include "shell/parse.h"
 
 namespace shell {
 namespace {
-
-std::optional<Value> mac_of_line() {
-  const std::optional<config::Mac> mac = parse_mac(line_text(), ':');
-  if (!mac) {
-    return std::nullopt;
-  }
-  Value value = 0;
-  std::memcpy(&value, &*mac, sizeof *mac);
-  return value;
-}
 
 // Before it is known whether the value passes.
 std::optional<Value> value_of_line(const AnswerKind& kind) {
@@ -35,8 +23,10 @@ std::optional<Value> value_of_line(const AnswerKind& kind) {
     case address:
     case netmask:
       return parse_ipv4(line_text(), '.').word();
-    case mac:
-      return mac_of_line();
+    case mac: {
+      const std::optional<config::Mac> typed = parse_mac(line_text(), ':');
+      return typed ? std::optional(typed->word()) : std::nullopt;
+    }
   }
   return std::nullopt;
 }

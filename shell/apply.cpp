@@ -21,7 +21,7 @@ void save_settings() {
 void restart_filter_and_nat() {
   run_command("/etc/init.d/filter.sh start > /dev/null 2>&1");
   run_command("/etc/init.d/nat.sh start > /dev/null 2>&1");
-  show_message(Message::saved);
+  show_message(message::saved);
 }
 
 void raise_voice_change_flag() {
@@ -36,7 +36,7 @@ void raise_voice_change_flag() {
 
 void save_and_signal_voice_daemon() {
   save_settings();
-  show_message(Message::saved);
+  show_message(message::saved);
   raise_voice_change_flag();
 }
 

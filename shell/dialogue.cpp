@@ -195,7 +195,7 @@ void Dialogue::ask_text(PromptText prompt, Bytes field, TextRule rule) {
         noted[text->size()] = '\n';
       }
     } else if (typed != 0 && rule.unfit != TextRule::Unfit::refused) {
-      show_message(Message::illegal_value);
+      show_message(message::illegal_value);
       note(field, rule.unfit == TextRule::Unfit::keeps_the_old ? field.data() : nullptr);
     } else {
       report(policy_.bad_value);

@@ -74,11 +74,11 @@ class Dialogue {
     const char* bad_value;
   };
   static constexpr Policy refuse_by_kind = {
-      .asks_again = false, .bad_choice = Message::wrong_choice, .bad_value = Message::illegal_value};
+      .asks_again = false, .bad_choice = message::wrong_choice, .bad_value = message::illegal_value};
   static constexpr Policy refuse_as_illegal = {
-      .asks_again = false, .bad_choice = Message::illegal_value, .bad_value = Message::illegal_value};
+      .asks_again = false, .bad_choice = message::illegal_value, .bad_value = message::illegal_value};
   static constexpr Policy ask_again = {
-      .asks_again = true, .bad_choice = Message::illegal_value, .bad_value = Message::illegal_value};
+      .asks_again = true, .bad_choice = message::illegal_value, .bad_value = message::illegal_value};
 
   // A new record is asked for by the same statements as a stored one: every prompt shows zero instead of what
   // the free slot holds, and an answer is required.

@@ -15,8 +15,8 @@ namespace shell {
 // dropped.
 std::size_t read_line();
 
-// The line with its newline, from which numbers and addresses are read. It can have NULs in it, and is valid until the
-// next read_line().
+// The line with its newline, from which numbers and addresses are read. It can have NULs in it, and is valid
+// until the next read_line().
 std::string_view line_text();
 // The same bytes to work in, with what earlier lines left behind them; the last one is always NUL.
 std::span<char> line_buffer();

@@ -1,18 +1,10 @@
 #include "shell/prompt.h"
 
-#include <cstring>
-
 #include "config/values.h"
 #include "shell/output.h"
 
 namespace shell {
 namespace {
-
-void put_mac(Value value) {
-  config::Mac mac;
-  std::memcpy(&mac, &value, sizeof mac);
-  put(mac);
-}
 
 void put_value(Shows shows, Value value, std::string_view text) {
   switch (shows) {
@@ -21,7 +13,7 @@ void put_value(Shows shows, Value value, std::string_view text) {
     case Shows::address:
       return put(config::Ipv4::from_word(static_cast<std::uint32_t>(value)));
     case Shows::mac:
-      return put_mac(value);
+      return put(config::Mac::from_word(value));
     case Shows::text:
       return put(text);
     case Shows::nothing:

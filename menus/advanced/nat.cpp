@@ -25,7 +25,7 @@ void show_nat(const config::NatSettings& nat) {
 void nat_setting() {
   config::NatSettings& nat = shell::segment().nat;
   show_nat(nat);
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   if (ask.choice("NAT Enable?<%d>(0:disable, 1:Enable):", nat.nat_enable, "01") != 0) {
@@ -49,7 +49,7 @@ void nat_setting() {
     shell::restart_filter_and_nat();
   } else {
     shell::run_command("/etc/init.d/nat.sh stop > /dev/null 2>&1");
-    shell::show_message(shell::Message::saved);
+    shell::show_message(shell::message::saved);
   }
 }
 

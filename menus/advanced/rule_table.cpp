@@ -36,14 +36,14 @@ std::size_t find_free_slot(Dialogue& ask, const RuleTable& table) {
       return index;
     }
   }
-  ask.refuse(shell::Message::table_full);
+  ask.refuse(shell::message::table_full);
   return {};
 }
 
 std::size_t pick_rule(Dialogue& ask, const RuleTable& table) {
   const std::uint32_t index = ask.pick("What item do you want to configure? (0-%d):", table.count);
   if (is_free(table, index)) {
-    ask.refuse(shell::Message::wrong_choice);
+    ask.refuse(shell::message::wrong_choice);
   }
   if (!ask.ended()) {
     show_header(table);
@@ -89,7 +89,7 @@ void configure_rules(const RuleTable& table) {
     ask.note(table.enable_byte(index), config::free_slot);
   } else {
     if (modify) {
-      shell::show_message(shell::Message::keep_with_enter);
+      shell::show_message(shell::message::keep_with_enter);
     }
     ask.choice("Enable this rule?<%d>(0:Disable, 1:Enable):", table.enable_byte(index), "01",
                shell::empty_is_zero);
@@ -127,7 +127,7 @@ void ask_ip_range(Dialogue& ask, AddressPrompt start_prompt, config::Ipv4& start
   const config::Ipv4 first = ask.address(start_prompt, start, shell::judge_kept);
   const config::Ipv4 last = ask.address(end_prompt, end, shell::judge_kept);
   if (!shell::ip_range_ascending(first, last)) {
-    ask.refuse(shell::Message::ip_range);
+    ask.refuse(shell::message::ip_range);
   }
 }
 
@@ -137,7 +137,7 @@ void ask_port_range(Dialogue& ask, NumberPrompt start_prompt, std::uint16_t& sta
   const std::uint32_t last = ask.number(end_prompt, end, ports);
   if (first > last) {
     // Not the port message: ports and addresses are ranges alike here.
-    ask.refuse(shell::Message::ip_range);
+    ask.refuse(shell::message::ip_range);
   }
 }
 

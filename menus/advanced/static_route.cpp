@@ -34,7 +34,7 @@ void ask_rule(shell::Dialogue& ask, config::StaticRoute& route) {
 void save_and_restart_routes() {
   shell::save_settings();
   shell::run_command("/etc/init.d/staticroute.sh restart > /dev/null 2>&1");
-  shell::show_message(shell::Message::saved);
+  shell::show_message(shell::message::saved);
 }
 
 }  // namespace

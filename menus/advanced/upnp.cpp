@@ -9,7 +9,7 @@ void upnp_setting() {
   config::ConfigurationSegment& settings = shell::segment();
   show_switch_setting("UPNP Enable", settings.upnp_enable);
   shell::put('\n');
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   ask.choice("UPNP Enable?<%d>(0:Disable, 1:Enable):", settings.upnp_enable, "01");
@@ -23,7 +23,7 @@ void upnp_setting() {
   } else {
     shell::run_command("/etc/init.d/upnpd.sh stop > /dev/null 2>&1");
   }
-  shell::show_message(shell::Message::saved);
+  shell::show_message(shell::message::saved);
 }
 
 }  // namespace menus::advanced

@@ -17,14 +17,14 @@ namespace {
 using config::Ipv4;
 using config::StaticDhcpClient;
 using shell::Dialogue;
-using shell::Message;
+namespace message = shell::message;
 
 void apply_dhcp() {
   shell::save_settings();
   shell::run_command(shell::segment().dhcp.dhcp_server_enable == 1
                          ? "/etc/init.d/udhcpd.sh restart > /dev/null"
                          : "/etc/init.d/udhcpd.sh stop > /dev/null");
-  shell::show_message(Message::saved);
+  shell::show_message(message::saved);
 }
 
 // ---- The server ----
@@ -67,7 +67,7 @@ Ipv4 ask_pool_address(Dialogue& ask, shell::Prompt<shell::Shows::address> prompt
   const config::LanSettings& lan = shell::segment().lan;
   const Ipv4 address = ask.address(prompt, field, shell::judge_kept);
   if ((address & lan.lan_netmask) != (lan.lan_ip & lan.lan_netmask)) {
-    ask.refuse(Message::illegal_value);
+    ask.refuse(message::illegal_value);
   }
   return address;
 }
@@ -99,7 +99,7 @@ void dhcp_server_setting() {
       ask,
       "DHCP Server End IP?<%u.%u.%u.%u>(The IP must have same Netword ID with Lan IP):", dhcp.dhcp_end_ip);
   if (!shell::ip_range_ascending(start, end)) {
-    ask.refuse(Message::ip_range);
+    ask.refuse(message::ip_range);
   }
   ask_lease_time(ask, dhcp.dhcp_lease_time);
   ask.note_in_order(dhcp.dhcp_lease_time, dhcp.dhcp_start_ip);
@@ -134,7 +134,7 @@ void ask_client(Dialogue& ask, StaticDhcpClient& client) {
   const bool in_pool =
       !shell::ip_range_ascending(ip, dhcp.dhcp_start_ip) && shell::ip_range_ascending(ip, dhcp.dhcp_end_ip);
   if (ask.adding() && !in_pool) {
-    ask.refuse(Message::illegal_value);
+    ask.refuse(message::illegal_value);
   }
   ask.mac("MAC?<%02x:%02x:%02x:%02x:%02x:%02x>:", client.mac);
   if (ask.adding()) {
@@ -149,7 +149,7 @@ std::size_t find_free_slot(Dialogue& ask) {
   const auto& table = shell::segment().dhcp.static_dhcp_table;
   const auto* const slot = std::ranges::find(table, config::free_slot, &StaticDhcpClient::enable);
   if (slot == table.end()) {
-    ask.refuse(Message::table_full);
+    ask.refuse(message::table_full);
   }
   return static_cast<std::size_t>(slot - table.begin());
 }
@@ -158,7 +158,7 @@ std::size_t pick_client(Dialogue& ask) {
   const auto& table = shell::segment().dhcp.static_dhcp_table;
   const std::size_t index = ask.pick("What item do you want to configure? (0-%d):", table.size());
   if (table[index].enable == config::free_slot) {
-    ask.refuse(Message::wrong_choice);
+    ask.refuse(message::wrong_choice);
   }
   if (!ask.ended()) {
     show_static_dhcp(index);
@@ -184,7 +184,7 @@ void static_client_setting() {
     ask.note(client.enable, config::free_slot);
   } else {
     if (modify) {
-      shell::show_message(Message::keep_with_enter);
+      shell::show_message(message::keep_with_enter);
     }
     ask_client(ask, client);
   }
@@ -202,7 +202,7 @@ void dhcp_setting() {
   if (ask.ended()) {
     return;
   }
-  shell::show_message(Message::keep_with_enter);
+  shell::show_message(message::keep_with_enter);
   if (clients != 0) {
     static_client_setting();
   } else {

@@ -40,7 +40,7 @@ void move_stray_pool(Ipv4 lan_ip, Ipv4 netmask) {
 void lan_setting() {
   config::LanSettings& lan = shell::segment().lan;
   show_lan_setting();
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_by_kind);
   const Ipv4 ip =
@@ -56,7 +56,7 @@ void lan_setting() {
   }
   move_stray_pool(ip, netmask);
   shell::save_settings();
-  shell::show_message(shell::Message::restart);
+  shell::show_message(shell::message::restart);
   shell::run_command("/etc/init.d/reset_lan.sh > /dev/null 2>&1");
   shell::end_console();
 }

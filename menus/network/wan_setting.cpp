@@ -14,7 +14,7 @@ namespace {
 using config::Ipv4;
 using config::WanSettings;
 using shell::Dialogue;
-using shell::Message;
+namespace message = shell::message;
 using shell::Prompt;
 using shell::Shows;
 
@@ -26,7 +26,7 @@ void dns_setting(Dialogue& ask, DnsMode mode) {
   ask.note_ahead();
   const std::uint8_t chosen = mode == DnsMode::asked
                                   ? ask.choice("Set DNS?<%d>(0:manually, 1:Auto):", wan.dns_mode, "01",
-                                               {.refusal = Message::wrong_choice})
+                                               {.refusal = message::wrong_choice})
                                   : ask.note(wan.dns_mode, std::uint8_t{0});
   if (chosen == 0) {
     ask.address("Primary DNS IP<%u.%u.%u.%u>:", wan.primary_dns);
@@ -137,13 +137,13 @@ constexpr void (*ask_type[])(Dialogue&, WanSettings&) = {ask_static_ip, ask_dhcp
 
 void wan_setting() {
   WanSettings& wan = shell::segment().wan;
-  shell::show_message(Message::keep_with_enter);
+  shell::show_message(message::keep_with_enter);
 
   constexpr shell::TextRule name{.unfit = shell::TextRule::Unfit::keeps_the_old};
   Dialogue ask(Dialogue::refuse_as_illegal);
   const std::uint8_t type =
       ask.choice("WAN Type?<%d>(0:static IP 1:DHCP 2:PPPOE 3:PPTP 4:L2TP 5:BigPond):", wan.wan_type,
-                 shell::OneOf::first(std::size(ask_type)), {.refusal = Message::wrong_choice});
+                 shell::OneOf::first(std::size(ask_type)), {.refusal = message::wrong_choice});
   ask.text("Host Name?<%s>(MAX Character:127):", wan.host_name, name);
   ask.text("domain Name?<%s>(MAX Character:127):", wan.domain_name, name);
   if (ask.choice("WAN MAC Type?<%d>(0:Use Default,1:Menual MAC):", wan.wan_mac_type, "01") == 1) {
@@ -160,7 +160,7 @@ void wan_setting() {
 
   if (ask.commit()) {
     shell::save_settings();
-    shell::show_message(Message::reboot);
+    shell::show_message(message::reboot);
     shell::run_command("/sbin/bbreboot &");
     platform::sleep_seconds(1);
   }

@@ -68,7 +68,7 @@ void ask_line(shell::Dialogue& ask, std::size_t number, config::SipLine& line, c
 
 void account_setting() {
   Settings& settings = shell::segment();
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   ask.number("Authentication Expire Time?<%d>(60~65535):", settings.auth_expire_time, {60, 65535});

@@ -8,7 +8,7 @@ namespace menus::sip {
 
 void basic_setting() {
   config::SipSettings& sip = shell::segment().sip;
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   ask.number("SIP Port Number?<%d>(1024~65535):", sip.sip_port, {1024, 65535});
@@ -16,7 +16,7 @@ void basic_setting() {
   const auto start = ask.number("Media Port Start?<%d>(1024~65535):", sip.media_port_start, {1024, 65535});
   const auto end = ask.number("Media Port End?<%d>(1024~65535):", sip.media_port_end, {1024, 65535});
   if (start > end) {
-    ask.refuse(shell::Message::port_range);
+    ask.refuse(shell::message::port_range);
   }
   ask.number("RTCP Port?<%d>(1024~65535):", sip.rtcp_port, {1024, 65535});
   ask.choice("SIP Transport by?<%d>(1:UDP,2:TCP):", sip.sip_transport, "12");

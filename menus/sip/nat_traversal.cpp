@@ -8,7 +8,7 @@ namespace menus::sip {
 
 void nat_traversal() {
   config::NatTraversalSettings& nat = shell::segment().nat_traversal;
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   if (ask.choice("STUN Enable?<%d>(0:Disable,1:Enable):", nat.stun_enable, "01") == 0) {

@@ -153,22 +153,22 @@ std::span<const CallRecord> fetch_call_log() {
 }
 
 void show_call(const CallRecord& record) {
-  constexpr const char* rule =
+  constexpr const char* dashes =
       "------------------------------------------------------------------------------\n";
-  shell::put(rule,
+  shell::put(dashes,
              "Phone Num       |Durace time|phone|Reason\n"
              "----------------+-----------+-----+-------------------------------------------\n");
   shell::put(shell::Cell{record.phone_number.view(), 16}, '|',
              shell::Number(field_number(record.duration.bytes.data()), 11), '|',
              shell::Number(field_number(record.phone.bytes.data()) + 1, 5), '|', reason_text(record), '\n');
-  shell::put(rule,
+  shell::put(dashes,
              "Call type|Call time           |Answer time         |Disconnect time     \n"
              "---------+--------------------+--------------------+--------------------------\n");
   shell::put(call_type_text(record));
   for (const config::Text<21>& time : record.times) {
     shell::put('|', shell::Cell{time.view(), 20});
   }
-  shell::put('\n', rule, '\n');
+  shell::put('\n', dashes, '\n');
 }
 
 }  // namespace

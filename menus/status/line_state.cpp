@@ -1,10 +1,8 @@
 // The two phones and accounts as the voice daemon sees them, and its RTP packet counters.
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <iterator>
 #include <span>
-#include <tuple>
 
 #include "menus/status/items.h"
 #include "menus/status/voice_daemon.h"
@@ -25,19 +23,22 @@ constexpr std::size_t counters = 3;  // of a row: sent, received, lost
 constexpr std::size_t period_length = std::size(rows) * counters;
 constexpr std::size_t states = 4;  // of the phones, then of their accounts
 
-// Row by row in total, then row by row currently, then the states. The answer has a line for each line.
-constexpr char queries[] =
-    "get rtpstattotalsend 0 0\nget rtpstattotalrecv 0 0\nget rtpstattotallost 0 0\n"
-    "get rtpstattotalsend 0 1\nget rtpstattotalrecv 0 1\nget rtpstattotallost 0 1\n"
-    "get rtpstattotalsend 1 0\nget rtpstattotalrecv 1 0\nget rtpstattotallost 1 0\n"
-    "get rtpstattotalsend 1 1\nget rtpstattotalrecv 1 1\nget rtpstattotallost 1 1\n"
-    "get rtpstatcurrentsend 0 0\nget rtpstatcurrentrecv 0 0\nget rtpstatcurrentlost 0 0\n"
-    "get rtpstatcurrentsend 0 1\nget rtpstatcurrentrecv 0 1\nget rtpstatcurrentlost 0 1\n"
-    "get rtpstatcurrentsend 1 0\nget rtpstatcurrentrecv 1 0\nget rtpstatcurrentlost 1 0\n"
-    "get rtpstatcurrentsend 1 1\nget rtpstatcurrentrecv 1 1\nget rtpstatcurrentlost 1 1\n"
-    "get epstate 0\nget epstate 1\nget epregstate 0\nget epregstate 1";
-using Fields = std::array<const char*, 2 * period_length + states>;
-static_assert(std::ranges::count(queries, '\n') + 1 == std::tuple_size_v<Fields>);
+// Row by row in total, then row by row currently, then the states. The answer has a line for each.
+// clang-format off
+constexpr const char* queries[] = {
+    "get rtpstattotalsend 0 0", "get rtpstattotalrecv 0 0", "get rtpstattotallost 0 0",
+    "get rtpstattotalsend 0 1", "get rtpstattotalrecv 0 1", "get rtpstattotallost 0 1",
+    "get rtpstattotalsend 1 0", "get rtpstattotalrecv 1 0", "get rtpstattotallost 1 0",
+    "get rtpstattotalsend 1 1", "get rtpstattotalrecv 1 1", "get rtpstattotallost 1 1",
+    "get rtpstatcurrentsend 0 0", "get rtpstatcurrentrecv 0 0", "get rtpstatcurrentlost 0 0",
+    "get rtpstatcurrentsend 0 1", "get rtpstatcurrentrecv 0 1", "get rtpstatcurrentlost 0 1",
+    "get rtpstatcurrentsend 1 0", "get rtpstatcurrentrecv 1 0", "get rtpstatcurrentlost 1 0",
+    "get rtpstatcurrentsend 1 1", "get rtpstatcurrentrecv 1 1", "get rtpstatcurrentlost 1 1",
+    "get epstate 0", "get epstate 1", "get epregstate 0", "get epregstate 1",
+};
+// clang-format on
+static_assert(std::size(queries) == 2 * period_length + states);
+using Fields = std::array<const char*, std::size(queries)>;
 
 void show_states(std::span<const char* const> fields) {
   const char* separator = "";
@@ -62,9 +63,8 @@ void show_counters(const Fields& fields, std::size_t row) {
 
 void line_state() {
   shell::flush_output();
-  const char* const commands[] = {queries};
   Fields fields;
-  if (voice_daemon_query(commands, fields) < 0) {
+  if (voice_daemon_query(queries, fields) < 0) {
     return;
   }
   shell::put(

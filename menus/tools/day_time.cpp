@@ -131,7 +131,7 @@ void day_time_menu() {
   if (mode == manual) {
     set_clock(date);
   }
-  shell::show_message(shell::Message::saved);
+  shell::show_message(shell::message::saved);
 }
 
 }  // namespace menus::tools

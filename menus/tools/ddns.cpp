@@ -27,7 +27,7 @@ void ddns_menu() {
   if (enable == 1) {
     shell::run_command("/etc/init.d/ddns.sh start > /dev/null 2>&1");
   }
-  shell::show_message(shell::Message::saved);
+  shell::show_message(shell::message::saved);
 }
 
 }  // namespace menus::tools

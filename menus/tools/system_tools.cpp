@@ -28,7 +28,7 @@ void ping_host() {
   const int status = platform::run_program("/bin/ping", arguments, platform::Terminal::kept);
   if (status == 0) {
     shell::put("PING Success.\n");
-  } else if (status == 255) {
+  } else if (status == platform::cannot_start) {
     shell::put("Error: ping broken!\n");
   } else {
     shell::put("Request timed out.\n");

@@ -40,7 +40,7 @@ void ask_phone(shell::Dialogue& ask, std::size_t number, config::PhoneCallServic
 
 void call_service() {
   config::CallServiceSettings& service = shell::segment().call_service;
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::ask_again);
   ask.choice("Call Service Call Service Enable?<%d>(0:Disable, 1:Enable):", service.call_service_enable,

@@ -6,7 +6,7 @@
 namespace menus::voip {
 
 void e164_setting() {
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::ask_again);
   ask.choice("E.164 Setting Call Enable?<%d>(0:Disable, 1:Enable):", shell::segment().e164_call_enable, "01");

@@ -27,7 +27,7 @@ void ask_port(shell::Dialogue& ask, std::size_t number, config::PhonePort& port)
 
 void phone_setting() {
   config::PhoneSettings& phone = shell::segment().phone;
-  shell::show_message(shell::Message::keep_with_enter);
+  shell::show_message(shell::message::keep_with_enter);
 
   shell::Dialogue ask(shell::Dialogue::ask_again);
   ask.choice(

@@ -35,12 +35,22 @@ struct TunnelSettings {
   Ipv4 gateway;
 };
 
+enum WanType : std::uint8_t {
+  wan_static_ip,
+  wan_dhcp,
+  wan_pppoe,
+  wan_pptp,
+  wan_l2tp,
+  wan_bigpond,
+  wan_types
+};
+
 struct WanSettings {
   std::uint8_t wan_mac_type;  // 0 default, 1 manual
   Mac wan_mac;
   Text<128> host_name;
   Text<128> domain_name;
-  std::uint8_t wan_type;  // 0 static IP, 1 DHCP, 2 PPPoE, 3 PPTP, 4 L2TP, 5 BigPond
+  std::uint8_t wan_type;  // a WanType
 
   Ipv4 static_ip;
   Ipv4 static_gateway;

@@ -132,6 +132,7 @@ void ask_bigpond(Dialogue& ask, WanSettings& wan) {
 // By wan_type.
 constexpr void (*ask_type[])(Dialogue&, WanSettings&) = {ask_static_ip, ask_dhcp, ask_pppoe,
                                                          ask_pptp,      ask_l2tp, ask_bigpond};
+static_assert(std::size(ask_type) == config::wan_types);
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <iterator>
 
+#include "config/segment.h"
 #include "shell/apply.h"
 #include "shell/dialogue.h"
 #include "shell/menu.h"
@@ -11,13 +12,11 @@
 namespace menus::status {
 namespace {
 
-constexpr std::uint8_t static_ip = 0;
-constexpr std::uint8_t dhcp = 1;
-
 constexpr WanConnection connections[] = {
     {"Static IP", "eth0", nullptr}, {"DHCP", "eth0", "udhcpc"}, {"PPPOE", "ppp0", "pppoe"},
     {"PPTP", "ppp0", "pptp"},       {"L2TP", "ppp0", "l2tp"},   {"BigPond", nullptr, "bigpond"},
 };
+static_assert(std::size(connections) == config::wan_types);
 constexpr WanConnection unknown_connection;
 
 void run_script(const WanConnection& wan, const char* action) {
@@ -49,10 +48,11 @@ const WanConnection& wan_connection(std::uint8_t wan_type) {
 
 // An answer that is neither 0 nor 1 leaves without a word.
 void offer_wan_action(std::uint8_t wan_type) {
-  if (wan_type == static_ip) {
+  if (wan_type == config::wan_static_ip) {
     return;
   }
-  shell::put(wan_type == dhcp ? "0:Release WAN IP, 1:Renew WAN IP\n" : "0:Disconnect, 1:Reconnect\n");
+  shell::put(wan_type == config::wan_dhcp ? "0:Release WAN IP, 1:Renew WAN IP\n"
+                                          : "0:Disconnect, 1:Reconnect\n");
   shell::Dialogue ask(shell::Dialogue::refuse_as_illegal);
   const bool renew = ask.pick(shell::menu_prompt, 2, {.refusal = ""}) == 1;
   if (ask.ended()) {
@@ -61,7 +61,7 @@ void offer_wan_action(std::uint8_t wan_type) {
   const WanConnection& wan = wan_connection(wan_type);
   if (renew) {
     renew_wan(wan);
-  } else if (wan_type == dhcp) {
+  } else if (wan_type == config::wan_dhcp) {
     release_wan(wan);
   } else {
     disconnect_wan(wan);

@@ -111,7 +111,7 @@ def toured(tmp_path_factory):
 
 def test_what_is_set_on_a_walk_through_all_menus_is_in_force(toured):
     shown, log = toured
-    assert IN_FORCE in shown
+    assert IN_FORCE in shown and "entry 25 %s\nentry 24 %s\n" in shown
     for told in ("ntp.sh: time zone GMT+1, time from the server time.example.net $(date)",
                  "ddns.sh: registers home.example.net with easydns as me",
                  'serving SIP port 5073, line 0 "1001" at "", line 1 disabled, phone book 1, call service on'):

@@ -87,14 +87,6 @@ TEST(Platform, SignalsOfTheTerminalReachOnlyWhatIsStarted) {
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was not waited for";
 }
 
-TEST(Platform, AFileIsReadAgainFromItsBeginning) {
-  std::array<char, 64> line;
-  const int file = open_for_reading("/proc/self/comm");
-  const std::ptrdiff_t size = read_some(file, line);
-  rewind_file(file);
-  EXPECT_TRUE(size > 0 && read_some(file, line) == size && close_descriptor(file) == 0 && write_output("\n"));
-}
-
 TEST(Platform, ProgramsRunToTheirEnd) {
   const Interruptions meanwhile;
   EXPECT_EQ(status_of("exit 7"), 7);

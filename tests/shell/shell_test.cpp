@@ -69,12 +69,9 @@ TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {
 
 TEST(Login, ComparesAtMost31CharactersOfNameAndPassword) {
   const string n31(31, 'n');
-  for (const auto& [stored, typed] : Answers{{"admin", "adminx"},
-                                             {"Admin", "admin"},
-                                             {"", ""},
-                                             {"q", "q"},
-                                             {n31, string(30, 'n')},
-                                             {n31 + "x", n31 + "y"}}) {
+  const Answers stored_and_typed = {{"admin", "adminx"}, {"Admin", "admin"},     {"", ""},
+                                    {"q", "q"},          {n31, string(30, 'n')}, {n31 + "x", n31 + "y"}};
+  for (const auto& [stored, typed] : stored_and_typed) {
     const bool matches = stored.substr(0, 31) == typed.substr(0, 31);
     for (const bool name : {true, false}) {
       FactoryDevice device;

@@ -153,9 +153,6 @@ TEST(RuleTables, VirtualServers) {
                        port("Private Port", rule.private_port, 80), port("Public Port", rule.public_port, 8080)} +
            schedule(rule.schedule, adding);
   });
-  hold(item("Rule Summary"), device,
-       {Visit({{"Select a list?", "0"}}, titles(table) + " 3:|1" + table.row + "\n"),
-        Visit({{"Select a list?", "8"}}, "Select a list?(0~7):" + wrong_choice)});
   hold(table.item, device,
        {Visit(to_rule + Answers{{"Private IP?", "192.168.0.11"}, {"Protocol Type?", "0"}}, restarts_filter,
               "virtual_server_table[3].protocol=0 virtual_server_table[3].private_ip=192.168.0.11")});

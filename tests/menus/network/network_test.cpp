@@ -65,20 +65,14 @@ TEST(Wan, StaticAddress) {
       wan(0, std::vector{mtu(all.static_mtu, 1400, 1500)} +
                  static_address(all.static_ip, all.static_netmask, all.static_gateway, "IP?") + dns_servers());
   dialogue.device.set("static_broadcast", "10.127.255.255");
+  const Answers common = {
+      {"WAN Type?", "0"}, {"Host Name?", "h"}, {"domain Name?", "d"}, {"MAC Type?", "0"}, {"Ping", "0"}};
+  const Answers address = {
+      {"MTU?", "1500"}, {"IP?", "10.0.3.1"}, {"Subnet Mask?", "255.255.0.0"}, {"Gateway?", "10.0.0.1"}};
+  const Answers dns = {{"Primary", "1.1.1.1"}, {"Secondary", "2.2.2.2"}};
   // What belongs to the type is written before the type, and DNS first.
   hold(wan_setting, hold(dialogue).set("wan_type", "1").set("dns_mode", "1"),
-       {Visit({{"WAN Type?", "0"},
-               {"Host Name?", "h"},
-               {"domain Name?", "d"},
-               {"MAC Type?", "0"},
-               {"Ping", "0"},
-               {"MTU?", "1500"},
-               {"IP?", "10.0.3.1"},
-               {"Subnet Mask?", "255.255.0.0"},
-               {"Gateway?", "10.0.0.1"},
-               {"Primary", "1.1.1.1"},
-               {"Secondary", "2.2.2.2"}},
-              reboots,
+       {Visit(common + address + dns, reboots,
               "dns_mode=0 secondary_dns=2.2.2.2 primary_dns=1.1.1.1 static_gateway=10.0.0.1 static_ip=10.0.3.1 "
               "static_mtu=1500 static_netmask=255.255.0.0 static_broadcast=10.0.255.255 wan_type=0 host_name=h "
               "domain_name=d wan_mac_type=0 wan_mac=00:00:00:00:00:00 wan_ping_enable=0")});

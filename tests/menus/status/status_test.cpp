@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "menus/status/voice_daemon.h"
 #include "support/dialogue.h"
 
 namespace tests {
@@ -13,20 +12,18 @@ const string routes = "route -n | awk '{print $2\" \"$4}' ", eth0 = "/sbin/ifcon
 const string ruler = string(54, '-') + "\n", done = "Configuration successed.\n";
 
 // That the page has this part and this end; docs/menus.md shows the whole of it.
-void hold_page(FactoryDevice device, const Answers& answers, const string& part, const string& end,
-               Place row = here()) {
+void hold_page(FactoryDevice device, const Answers& answers, const string& part, const string& end) {
   const string page = visit(device, {"Status", "Device Infomation"}, answers);
-  if (page.find(part) == string::npos || !page.ends_with(end)) {
-    ADD_FAILURE_AT(row.file_name(), static_cast<int>(row.line())) << page;
-  }
+  EXPECT_NE(page.find(part), string::npos) << part << "\nis not in " << page;
+  EXPECT_TRUE(page.ends_with(end)) << end << "\nis not the end of " << page;
 }
 
 // With one tool that prints this, or a file that holds it, and others that print nothing.
-void hold_tool(const string& tool, const string& prints, const string& part, Place row = here()) {
+void hold_tool(const string& tool, const string& prints, const string& part) {
   FactoryDevice device;
   device.files[tool] = device.command_output[tool] = prints;
   device.failing = {prints == "fails" ? "start " + tool : ""};
-  hold_page(device, {}, part, ruler, row);
+  hold_page(device, {}, part, ruler);
 }
 
 TEST(DeviceInformation, ShowsWhatToolsPrint) {
@@ -138,28 +135,6 @@ TEST(VoiceDaemon, LateOrRefusedRepliesLeaveThePageEmpty) {
   EXPECT_EQ(AnsweringDevice(Strings(5, "refused") + Strings{"1"}).page(line_state),
             AnsweringDevice({"1"}).page(line_state));
   EXPECT_EQ(AnsweringDevice(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
-}
-
-TEST(VoiceDaemon, TellsByItsCodesWhatFailed) {
-  AnsweringDevice device(Strings(6, "refused"));
-  use_device(device);
-  const auto failing = [&](const string& call) { device.failing = {call}; };
-  std::array<char, 8> reply;
-  EXPECT_EQ(menus::status::voice_daemon_open("127.0.0", 1), -1);
-  EXPECT_EQ((failing("udp socket"), menus::status::voice_daemon_open("127.0.0.1", 1)), -2);
-  EXPECT_EQ((failing("udp bind"), menus::status::voice_daemon_open("127.0.0.1", 1)), -3);
-  EXPECT_EQ((failing("udp connect"), menus::status::voice_daemon_open("127.0.0.1", 1)), -4);
-  EXPECT_EQ(menus::status::voice_daemon_send(-1, "x"), -1);
-  EXPECT_EQ((failing("udp send"), menus::status::voice_daemon_send(1, "x")), -2);
-  EXPECT_EQ((failing("udp wait"), menus::status::voice_daemon_receive(1, reply)), -3);
-  EXPECT_EQ((failing(""), menus::status::voice_daemon_receive(1, reply)), -1);
-  EXPECT_EQ(menus::status::voice_daemon_receive(1, reply), -4);
-  for (const auto& [length, code] : std::map<std::size_t, int>{{8189, -4}, {8190, -2}}) {
-    const string command(length, 'x');
-    const char* const commands[] = {command.c_str()};
-    const char* fields[1];
-    EXPECT_EQ(menus::status::voice_daemon_query(commands, fields), code) << length;
-  }
 }
 
 void expect_lines(const string& page, const Strings& lines) {

@@ -151,6 +151,10 @@ TEST(PhoneBook, EachAction) {
   const Item book = {"VoIP Setting", "Phone Book Setting"};
   const string done = back("Phone Book"), saved = save_and_tell_daemon + done, rule = string(57, '-') + "\n";
   const string note(255, 't');
+  const Answers refused_once = {{"No=?", ""},           {"No=?", "50"},           {"No=?", "7"},
+                                {"DialKey", "11"},      {"DialKey", "9"},         {"phone number", sevens + "7"},
+                                {"phone number", "7a"}, {"phone number", sevens}, {"note", note + "t"},
+                                {"note", note}};
   FactoryDevice device;
   device.set("phone_book[7].phone_number", "100").set("phone_book[7].note", "n\\x0a");
   device.set("phone_book[9].dial_key", "9");
@@ -159,17 +163,7 @@ TEST(PhoneBook, EachAction) {
               "phone_book[7].phone_number=\\x0000 phone_book[7].note=\\x00\\x0a"),
         Visit(act("2", {{"No=?", "8"}}), "No=?(0-49):\ninput No error\n" + done),
         Visit(act("2", {{"No=?", "07"}, {"DialKey", "9"}, {"note", "q"}}), "note(Max 255 character):q:Exit\n" + done),
-        Visit(act("2", {{"No=?", ""},
-                        {"No=?", "50"},
-                        {"No=?", "7"},
-                        {"DialKey", "11"},
-                        {"DialKey", "9"},
-                        {"phone number", sevens + "7"},
-                        {"phone number", "7a"},
-                        {"phone number", sevens},
-                        {"note", note + "t"},
-                        {"note", note}}),
-              saved,
+        Visit(act("2", refused_once), saved,
               "phone_book[9].dial_key=10 phone_book[7].dial_key=9 phone_book[7].phone_number=" + sevens +
                   " phone_book[7].note=" + note),
         Visit(act("3"), "Action :\nPhone book\n" + rule + "No.7 | DialKey=None | Phone number=100\nnoto:n\n\n" + rule +

@@ -80,6 +80,6 @@ picture.lines(RECORD, commit, ["field by field, in", "the journal's order"], "sm
 picture.text(ASKS, saved - 14, message, "code")
 picture.text(NOTES, saved - 16, save.split("/")[-1], "code")
 step(NOTES, saved + 8, 4, "save: no Ctrl-C interrupts it")
-picture.text(NOTES, applied - 16, stands_in("config/voice_change.h", "set_voice_change_flag") + "()", "code")
+picture.text(NOTES, applied - 16, stands_in("shell/apply.h", "raise_voice_change_flag") + "()", "code")
 step(NOTES, applied + 8, 5, "apply: a flag; elsewhere a script")
 sys.stdout.write(picture.svg())

@@ -56,8 +56,8 @@ unsigned classify_input(std::size_t length) {
   if (line_is_q()) {
     return quit;
   }
-  if (length <= 2 && is_all_digits(line_text())) {
-    return static_cast<unsigned>(leading_number(line_text()));
+  if (const auto number = whole_number(line_text()); number && length <= 2) {
+    return *number;
   }
   return length == 4 && typed_text() == "help" ? help : not_defined;
 }

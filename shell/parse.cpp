@@ -47,7 +47,11 @@ std::optional<std::uint32_t> decimal_value(std::string_view text) {
 }
 
 std::optional<std::uint32_t> whole_number(std::string_view line) {
-  return is_all_digits(line) ? decimal_value(line) : std::nullopt;
+  std::uint32_t value = 0;
+  const char* const end = line.data() + line.size();
+  const auto parsed = std::from_chars(line.data(), end, value);
+  const bool is_refused = parsed.ec == std::errc::result_out_of_range || end - parsed.ptr > 1;
+  return is_refused ? std::nullopt : std::optional(value);
 }
 
 bool ip_range_ascending(config::Ipv4 start, config::Ipv4 end) {
@@ -86,18 +90,17 @@ config::Ipv4 parse_ipv4(std::string_view text, char separator) {
 }
 
 std::optional<config::Mac> parse_mac(std::string_view text, char separator) {
-  constexpr std::size_t length = 3 * sizeof(config::Mac);
-  if (text.size() != length) {
+  config::Mac mac;
+  if (text.size() != 3 * mac.byte.size()) {
     return std::nullopt;
   }
-  for (std::size_t i = 0; i < length - 1; ++i) {
-    if (i % 3 == 2 ? text[i] != separator : hex_nibble(text[i]) == 255) {
+  for (std::size_t i = 0; i < mac.byte.size(); ++i) {
+    const char* const pair = &text[3 * i];
+    const bool ends_well = i + 1 == mac.byte.size() || pair[2] == separator;
+    if (hex_nibble(pair[0]) == 255 || hex_nibble(pair[1]) == 255 || !ends_well) {
       return std::nullopt;
     }
-  }
-  config::Mac mac;
-  for (std::size_t i = 0; i < mac.byte.size(); ++i) {
-    mac.byte[i] = hex_byte(text[3 * i], text[3 * i + 1]);
+    mac.byte[i] = hex_byte(pair[0], pair[1]);
   }
   return mac;
 }

@@ -111,10 +111,11 @@ void format_cdr_time(const char* text, config::Text<21>& cell) {
     cell.assign(text);
     return;
   }
-  cell.assign(pattern);
-  for (char& character : cell.bytes) {
-    character = character == '0' ? *text++ : character;
+  char* end = cell.bytes.data();
+  for (const char character : pattern) {
+    *end++ = character == '0' ? *text++ : character;
   }
+  *end = '\0';
 }
 
 // Whatever ends it, the records before it are there to be shown. Returns how many.

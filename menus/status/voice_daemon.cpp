@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cstring>
 #include <string_view>
 
 #include "platform/descriptor.h"
@@ -88,27 +89,21 @@ int voice_daemon_receive(int descriptor, std::span<char> buffer) {
 
 // Not strtok_r(), for which three more pages of the C library would come into view.
 int split_fields(char* text, const char* separators, std::span<const char*> fields) {
-  // At a separator or the text's end, which is the separators' end as well.
-  const auto ends_field = [separators](char character) {
-    const char* one = separators;
-    while (*one != character && *one != '\0') {
-      ++one;
+  const auto next_separator = [separators](char* from) {
+    char* next = ::strchrnul(from, *separators);
+    for (const char* other = separators + 1; *other != '\0'; ++other) {
+      next = std::min(next, ::strchrnul(from, *other));
     }
-    return *one == character;
+    return next;
   };
   fields[0] = nullptr;
   std::size_t count = 0;
-  while (count < fields.size()) {
-    while (*text != '\0' && ends_field(*text)) {
-      ++text;
+  while (count < fields.size() && *text != '\0') {
+    char* const end = next_separator(text);
+    if (end != text) {
+      fields[count++] = text;
     }
-    if (*text == '\0') {
-      break;
-    }
-    fields[count++] = text;
-    while (!ends_field(*text)) {
-      ++text;
-    }
+    text = end;
     if (*text != '\0') {
       *text++ = '\0';
     }

@@ -7,8 +7,9 @@
 namespace shell {
 namespace {
 
-// Room for the list of all firewall rules, some 17,000 characters, so that it goes out in one write.
-std::array<char, 20480> buffer;
+// Room for the list of all firewall rules, some 17,000 characters, and for what a block of pasted answers
+// brings: each goes out in one write.
+std::array<char, 32768> buffer;
 std::size_t filled = 0;
 bool lost = false;
 

@@ -111,7 +111,7 @@ TEST(Output, IsWrittenBeforeSomethingDoesNotFit) {
     EXPECT_EQ(device.transcript, all);
     shell::reset_output();
   };
-  const string full(20480, 'x');
+  const string full(32768, 'x');
   goes_behind(full, 'c');
   goes_behind(full, "text");
   goes_behind(full, config::Ipv4{});

@@ -9,10 +9,10 @@
 
 namespace shell {
 
-// A menu, as the shell wants it: what its lines show, and what choosing a number leads to; nullptr: nothing.
+// A numbered menu: the lines that it shows, and what choosing a number leads to, which may be nullptr.
 template <typename Target, std::size_t slots>
 struct Menu {
-  static_assert(slots <= 20);  // what a number is drawn with
+  static_assert(slots <= 20);  // numbers are drawn with one digit, or with a 1 before it
 
   std::string_view lines;
   std::array<Target, slots> targets;

@@ -1,7 +1,9 @@
-// What the firmware brings for the settings. FIRMWARE_VERSION is a literal that the build defines.
+// What the console knows of the firmware that it is part of.
 #pragma once
 
 namespace config {
+
+constexpr const char* firmware_version = FIRMWARE_VERSION;
 
 // Where the web server keeps the settings while the device is off.
 constexpr const char* settings_partition = "/dev/mtdblock/5";

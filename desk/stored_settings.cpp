@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "config/field_table.h"
+#include "config/firmware.h"
 #include "flash.h"
 #include "printable.h"
 
@@ -73,7 +74,7 @@ bool load_settings(const char* partition, const char* defaults, ConfigurationSeg
 bool store_settings(const char* partition, const char* defaults, const ConfigurationSegment& segment) {
   const auto factory = std::make_unique<ConfigurationSegment>();
   apply_text(defaults, read_text(defaults), *factory);
-  std::string text = "#ver." FIRMWARE_VERSION "\n";
+  std::string text = std::string("#ver.") + config::firmware_version + "\n";
   for (const config::Field& field : config::field_table()) {
     for (std::size_t i = 0; i < field.count && field.kind != config::Field::Kind::reserved; ++i) {
       const std::string value = config::field_value(field, i, segment);

@@ -1,6 +1,7 @@
 // One page about the device, and the one action that its kind of WAN connection offers.
 #include <string_view>
 
+#include "config/firmware.h"
 #include "config/segment.h"
 #include "menus/status/items.h"
 #include "menus/status/system_state.h"
@@ -28,7 +29,7 @@ void device_information() {
   const std::string_view host_name = settings.wan.host_name.view();
   shell::put("Device Information\n", dashes);
   shell::put("Model Name : NTX4830 \n");
-  shell::put("Firmware Version : " FIRMWARE_VERSION " \n");
+  shell::put("Firmware Version : ", config::firmware_version, " \n");
   shell::put("Host Name : ", host_name, host_name.ends_with('\n') ? "" : "\n");
   shell::put("System Date : ");
   show_system_date();

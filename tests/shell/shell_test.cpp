@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "menus/menu_tree.h"
 #include "shell/output.h"
 #include "shell/session.h"
 #include "support/dialogue.h"
@@ -13,10 +12,10 @@ using namespace std::string_literals;
 
 const string goodbye = "Bye Bye!!\n", unknown = "This command is not define!\n";
 
+const string leave = string(78, '-') + "\nq:Exit\n\n";
 const string main_menu =
-    "0:Basic Network Setting\n1:Advanced Network Setting\n2:SIP setting\n3:VoIP Setting\n4:Tools\n5:Status\n" +
-    string(78, '-') + "\nq:Exit\n\n";
-const string tools_menu = screen(*menus::menu_tree.targets[4]);
+    "0:Basic Network Setting\n1:Advanced Network Setting\n2:SIP setting\n3:VoIP Setting\n4:Tools\n5:Status\n" + leave;
+const string tools_menu = "2:Day/Time Setting\n3:DDNS Setting\n4:System Setting\n" + leave;
 
 // What is shown behind the login until the connection is closed, or the console ends.
 string shown(FactoryDevice& device, const string& typed) {

@@ -29,7 +29,7 @@ struct Way {
     const string number = number_of(item.submenu, menus::menu_tree.lines);
     const shell::Submenu& menu = *menus::menu_tree.targets.at(std::stoul(number));
     typed = "admin\nadmin\n" + number + "\n" + number_of(item.label, menu.lines) + "\n";
-    submenu = screen(menu) + menu_prompt;
+    submenu = string(menu.lines) + string(78, '-') + "\nq:Exit\n\n" + menu_prompt;
   }
 };
 
@@ -46,10 +46,6 @@ string replaced(string text, std::string_view what, std::string_view by) {
     text.replace(at, what.size(), by);
   }
   return text;
-}
-
-string screen(const shell::Submenu& menu) {
-  return string(menu.lines) + string(78, '-') + "\nq:Exit\n\n";
 }
 
 FactoryDevice::FactoryDevice() {

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/menu.h"
 #include "support/device.h"
 
 namespace tests {
@@ -33,8 +32,6 @@ std::vector<Element> operator+(std::vector<Element> list, const std::vector<Elem
   list.insert(list.end(), more.begin(), more.end());
   return list;
 }
-
-std::string screen(const shell::Submenu& menu);
 
 // A device with a user admin/admin, an idle time-out of 300 seconds, all slots free and everything else 0.
 struct FactoryDevice : Device {

@@ -20,9 +20,9 @@ struct Range {
   constexpr Range(std::uint16_t lowest, std::uint32_t highest, std::uint16_t steps = 1)
       : low(lowest), step(steps), high(highest) {}
 
-  std::uint16_t low = 0;
-  std::uint16_t step = 1;
-  std::uint32_t high = 0;
+  std::uint16_t low{};
+  std::uint16_t step{1};
+  std::uint32_t high{};
 };
 
 // Some of the numbers 0 to 31.

@@ -34,7 +34,7 @@ struct RuleTable {
   void (*save_and_apply)() = save_and_restart_filter;
 
   // Filled in by rule_table(): how many rules there are, and what is about the one with this index.
-  std::size_t count = 0;
+  std::size_t count{};
   std::uint8_t& (*enable_byte)(std::size_t index) = nullptr;
   void (*show_rule)(std::size_t index) = nullptr;
   void (*ask_rule)(shell::Dialogue& ask, std::size_t index) = nullptr;

@@ -71,12 +71,12 @@ constexpr char reasons[] =
 
 // Where each begins.
 constexpr auto reason_starts = [] {
-  constexpr std::size_t count = std::count(std::begin(reasons), std::end(reasons) - 1, '\0');
-  std::array<std::uint16_t, count> starts{};
-  for (std::size_t at = 0, i = 1; i < count; ++at) {
-    if (reasons[at] == '\0') {
-      starts[i++] = static_cast<std::uint16_t>(at + 1);
-    }
+  constexpr std::string_view all(reasons, sizeof reasons - 1);
+  std::array<std::uint16_t, std::count(all.begin(), all.end(), '\0')> starts{};
+  std::size_t at = 0;
+  for (std::uint16_t& start : starts) {
+    start = static_cast<std::uint16_t>(at);
+    at = all.find('\0', at) + 1;
   }
   return starts;
 }();

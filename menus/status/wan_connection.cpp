@@ -1,7 +1,7 @@
 #include "menus/status/wan_connection.h"
 
+#include <array>
 #include <cstdio>
-#include <iterator>
 
 #include "config/segment.h"
 #include "shell/apply.h"
@@ -12,11 +12,15 @@
 namespace menus::status {
 namespace {
 
-constexpr WanConnection connections[] = {
-    {"Static IP", "eth0", nullptr}, {"DHCP", "eth0", "udhcpc"}, {"PPPOE", "ppp0", "pppoe"},
-    {"PPTP", "ppp0", "pptp"},       {"L2TP", "ppp0", "l2tp"},   {"BigPond", nullptr, "bigpond"},
-};
-static_assert(std::size(connections) == config::wan_types);
+constexpr std::array<WanConnection, config::wan_types> connections = {{
+    {"Static IP", "eth0", nullptr},
+    {"DHCP", "eth0", "udhcpc"},
+    {"PPPOE", "ppp0", "pppoe"},
+    {"PPTP", "ppp0", "pptp"},
+    {"L2TP", "ppp0", "l2tp"},
+    {"BigPond", nullptr, "bigpond"},
+}};
+static_assert(connections.back().name != nullptr);
 constexpr WanConnection unknown_connection;
 
 void run_script(const WanConnection& wan, const char* action) {
@@ -43,7 +47,7 @@ void disconnect_wan(const WanConnection& wan) {
 }  // namespace
 
 const WanConnection& wan_connection(std::uint8_t wan_type) {
-  return wan_type < std::size(connections) ? connections[wan_type] : unknown_connection;
+  return wan_type < connections.size() ? connections[wan_type] : unknown_connection;
 }
 
 // An answer that is neither 0 nor 1 leaves without a word.

@@ -48,11 +48,11 @@ int status_of(const string& script, Terminal terminal = Terminal::kept, const ch
 
 TEST(Platform, InputAndOutputWaitAndLoseNothing) {
   for (const int mode : {0, O_NONBLOCK}) {
-    const CommandStream typing = open_command("kill -USR1 $PPID; kill -USR1 $PPID; echo line");
+    const CommandStream typing = open_command("kill -USR1 $PPID; kill -USR1 $PPID; echo");
     fcntl(typing.descriptor, F_SETFL, mode);
     dup2(typing.descriptor, STDIN_FILENO);
     char line[100];
-    EXPECT_EQ(string(line, read_input(line)), "line\n");
+    EXPECT_EQ(string(line, read_input(line)), "\n");
     EXPECT_EQ(read_input(line), 0U);
     close_command(typing);
 
@@ -85,6 +85,16 @@ TEST(Platform, SignalsOfTheTerminalReachOnlyWhatIsStarted) {
   run_shell_command(report.c_str(), Keyboard::is_ignored);
   EXPECT_EQ(ignored_by(file), bit(SIGINT) | bit(SIGQUIT) | bit(SIGTSTP));
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was not waited for";
+}
+
+TEST(Platform, AFileIsWrittenAndReadAgain) {
+  const string path = "/dev/fd/" + std::to_string(fileno(std::tmpfile()));
+  const int written = open_for_writing(path.c_str()), file = open_for_reading(path.c_str());
+  EXPECT_EQ(write_all(written, "text") + flush_file(written) + close_descriptor(written), 0);
+  char text[10];
+  EXPECT_EQ(read_some(file, text), 4);
+  rewind_file(file);
+  EXPECT_EQ(read_some(file, text), 4);
 }
 
 TEST(Platform, ProgramsRunToTheirEnd) {

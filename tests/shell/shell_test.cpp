@@ -45,8 +45,6 @@ TEST(Menus, ObeyEveryLine) {
   at_either_level(tools_menu, "4\n", screen);
   each({"q", "90"}, main_menu, "4\n", screen);
   each({"0", "01", "5", "10"}, tools_menu, "4\n", screen);  // nothing is behind these numbers
-  FactoryDevice typed_90;
-  EXPECT_EQ(shown(typed_90, "90\nx\n"), goodbye);
 }
 
 TEST(Menus, EveryLineRenewsTheLoginUnlessItIsLateOrTaken) {

@@ -1,5 +1,4 @@
-// The device as the fake platform plays it: records in memory, a clock that stands still, scripted input, and every
-// command noted in the order in which it was run.
+// The device as the fake platform plays it, in memory. Every command is noted in the order in which it was run.
 #pragma once
 
 #include <cstdint>

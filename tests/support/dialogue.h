@@ -5,8 +5,7 @@
 //   Question(fields.sip.sip_host_name, "hub", "Host Name?<%s>(MAX Character:35):", text(35),
 //            {.too_long = TooLong::empties}),
 //
-// hold() makes every visit that follows from the rows, and holds what is shown to the last character and what is stored
-// to the last byte. A failure names the row that was answered last.
+// A failure names the row that was answered last.
 #pragma once
 
 #include <concepts>

@@ -162,7 +162,7 @@ TEST(RuleTables, SpecialApplications) {
   const Table table = {.item = item("Application Setting"),
                        .row = "     |   21 |UDP   | 6000- 6000|TCP   |" + scheduled,
                        .wild_row = "     |65535 |      |65535-65535|      |" + wild_scheduled};
-  const FactoryDevice device = hold_rules(table, fields.special_application_table, [](auto& rule, bool adding) {
+  FactoryDevice device = hold_rules(table, fields.special_application_table, [](auto& rule, bool adding) {
     return std::vector{port("Trigger Port", rule.trigger_port, 21),
                        Question(rule.trigger_type, 1, "Trigger Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012")),
                        port("Public Port Start", rule.public_port_start, 6000),
@@ -170,7 +170,8 @@ TEST(RuleTables, SpecialApplications) {
                        Question(rule.public_type, 0, "Public Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012"))} +
            schedule(rule.schedule, adding);
   });
-  hold(table.item, device, {Visit(to_rule + Answers{{"Public Port End", "5999"}}, ip_range_error)});
+  const Answers always = {{"|Always\n\nAdd", "1"}, {"What item", "3"}, {"Edit", "1"}, {"Port End", "5999"}};
+  hold(table.item, device.set("special_application_table[3].schedule_mode", "0"), {Visit(always, ip_range_error)});
 }
 
 TEST(RuleTables, StaticRoutes) {

@@ -107,7 +107,6 @@ TEST(Wan, Pppoe) {
        {Visit({{"PPPoE Type?", "2"}, {"Connect Type?", ""}}, reboots, "pppoe_type=2 pppoe_static_ip=0.0.0.0")});
 }
 
-// PPTP and L2TP ask the same of other fields.
 void hold_tunnel(int wan_type, const string& kind, const string& prefix, std::int32_t& mtu_field,
                  config::TunnelSettings& own) {
   const Question type(own.type, 1, kind + " Type?<%d>(0:Dynamic IP,1:Static IP):", number(0, 1), {.only = {"01", "1"}});

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "menus/status/voice_daemon.h"
 #include "support/dialogue.h"
 
 namespace tests {
@@ -82,7 +83,7 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
   no_port.files["/tmp/ppp_test"] = "ppp0\n";
   no_port.command_output[eth0] = "error\n";
   hold_page(no_port, {}, "{" + eth0 + "}WAN IP Address", reconnect);
-  hold_page(device_with("200"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
+  hold_page(device_with("6"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
 }
 
 const Item log_page = {"Status", "Log"};
@@ -135,6 +136,8 @@ TEST(VoiceDaemon, LateOrRefusedRepliesLeaveThePageEmpty) {
   EXPECT_EQ(AnsweringDevice(Strings(5, "refused") + Strings{"1"}).page(line_state),
             AnsweringDevice({"1"}).page(line_state));
   EXPECT_EQ(AnsweringDevice(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
+  EXPECT_EQ(menus::status::voice_daemon_open("127.0.0", 1), -1);
+  EXPECT_EQ(menus::status::voice_daemon_send(-1, "x"), -1);
 }
 
 void expect_lines(const string& page, const Strings& lines) {

@@ -132,8 +132,6 @@ TEST(Voip, QosAndTos) {
   hold(dialogue_of("QOS/TOS Setting", "", questions));
 }
 
-// ---- Records behind a menu of actions that comes back until q ----
-
 // One action, and q when the menu is back. What is refused is asked for again.
 Answers act(const string& number, const Answers& more = {}) {
   return Answers{{"Action :", number}} + more + Answers{{"Action :", "q"}};

@@ -210,7 +210,7 @@ class Dialogue {
   const Policy& policy_;
   bool adding_;
   bool ended_ = false;
-  std::uint32_t shown_number_ = 0;  // what a "%d" before the value shows
+  std::uint32_t shown_number_{};  // what a "%d" before the value shows
   Journal journal_;
 };
 

@@ -10,7 +10,6 @@ cpack --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" || { cat
 for package in ntx4830-console ntx4830-console-dev; do
   dpkg-deb -x "$work/${package}"_[0-9]*_"$architecture.deb" "$work/packed"
 done
-# Program, manual page and headers are used below; for the copyright and changelog of each package there is lintian.
 (($(find "$work/packed" -type f | tee /dev/stderr | wc -l) == 9))
 mandoc -T lint -W warning "$work/packed/usr/share/man/man8/console.8.gz"
 lintian --fail-on error,warning "$work"/*.deb

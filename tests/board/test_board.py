@@ -68,7 +68,6 @@ class Board(Desk):
         self.chip.write_bytes(chip)
 
     def settings(self):
-        """The bytes of their partition."""
         return self.chip.read_bytes()[PARTITIONS[5]]
 
     def show(self, settings=None):

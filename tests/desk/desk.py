@@ -127,11 +127,9 @@ class Desk:
         return self.run("sh", "-c", script, program="desk/street").stdout
 
     def show(self, *names):
-        """Stored settings, as name=value lines."""
         return self.run("--show", *names).stdout
 
     def wait_for_log(self, told):
-        """The device's log, once it has this."""
         return eventually(lambda: self.run("--log").stdout, lambda log: told in log)
 
     def store(self, text, partition="5"):

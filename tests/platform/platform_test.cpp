@@ -120,6 +120,8 @@ TEST(Platform, TimeIsThatOfTheClockAndTheZoneInForce) {
   EXPECT_TRUE(waited >= 49 && waited < 10'000) << waited;
   EXPECT_EQ((Interruptions(), wait_readable(open_udp_socket(), 60'000)), 1);
   EXPECT_EQ(wait_readable(-1, 0), -EBADF);
+  EXPECT_STREQ(error_text(EBADF), "Bad file descriptor");
+  EXPECT_TRUE(parse_address("127.0.0.1") == 0x0100007FU && !parse_address("127.0.0"));
   sleep_seconds(1);
   EXPECT_GE(wall_clock_milliseconds() - began, 1000 + waited);
   for (const char* const zone : {"EAST-14", "WEST+11"}) {

@@ -22,10 +22,7 @@
 
 namespace tests {
 
-// Its members name the fields of the segment.
 inline config::ConfigurationSegment fields;
-
-// ---- Kinds of answer, with what they accept and refuse ----
 
 struct Accepted {
   std::string typed;
@@ -122,9 +119,7 @@ inline const std::string listed = "<the list>";
 // device on which it begins: the fields hold what the rows say.
 FactoryDevice hold(const Dialogue& dialogue);
 
-// ---- Visits that follow from no row ----
-
-// Told by their answers; Enter at every other question.
+// A visit that follows from no row, told by its answers; Enter at every other question.
 struct Visit {
   Answers answers;
   std::string ending;  // of what is shown

@@ -43,7 +43,6 @@ struct FactoryDevice : Device {
 // Runs the console over the whole input, to its end, and returns the exit status.
 int run_session(Device& device, std::string_view input);
 
-// By the labels on the screen.
 struct Item {
   std::string submenu, label;
 };

@@ -225,6 +225,7 @@ TEST(RuleTables, MacFilters) {
   // The last mask has no bounds: one day typed, the other kept. The switch is stored with a deleted rule as well.
   hold(table.item, device,
        {Visit(to_switched_rule + Answers{{"End Day?", "3"}}, restarts_filter, mask + "=1111000"),
+        Visit(to_switched_rule + Answers{{"Start Day?", "3"}}, restarts_filter, mask + "=1111111"),
         Visit(to_switched_rule + Answers{{"Schedule?<2>", "0"}}, restarts_filter,
               replaced("Xschedule_mode=0 Xstart_hour=0 Xstart_minute=0 Xend_hour=0 Xend_minute=0 Xweek_mask=1000000",
                        "X", "mac_filter_table[3].")),

@@ -83,6 +83,9 @@ TEST(DeviceInformation, OffersWhatItsConnectionCanDo) {
   no_port.files["/tmp/ppp_test"] = "ppp0\n";
   no_port.command_output[eth0] = "error\n";
   hold_page(no_port, {}, "{" + eth0 + "}WAN IP Address", reconnect);
+  no_port.failing = {"start " + eth0};
+  hold_page(no_port, {}, "{" + eth0 + "}\nWAN IP Address", reconnect);
+  hold_page(device_with("2"), {}, "PPPOE \n" + tests_ppp + "WAN Gateway", reconnect);
   hold_page(device_with("6"), {{"Disconnect", "0"}}, "Router Mode \n" + ruler + "DNS", reconnect + done);
 }
 
@@ -136,6 +139,9 @@ TEST(VoiceDaemon, LateOrRefusedRepliesLeaveThePageEmpty) {
   EXPECT_EQ(AnsweringDevice(Strings(5, "refused") + Strings{"1"}).page(line_state),
             AnsweringDevice({"1"}).page(line_state));
   EXPECT_EQ(AnsweringDevice(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
+  AnsweringDevice unreachable({"1"});
+  unreachable.failing = {"udp connect"};
+  EXPECT_EQ(unreachable.page(line_state), "");
   EXPECT_EQ(menus::status::voice_daemon_open("127.0.0", 1), -1);
   EXPECT_EQ(menus::status::voice_daemon_send(-1, "x"), -1);
 }
@@ -155,6 +161,7 @@ TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
                 "  2  |   0   |        6|       18|        7|       -7|        8|        0",
                 "     |   1   |        9|2147483647|       10|       22|       11|       23"});
   EXPECT_EQ(device.requests.size(), 1U);
+  EXPECT_TRUE(device.requests[0].starts_with("get rtpstattotalsend 0 0\nget rtpstattotalrecv 0 0\n"));
   // Of a longer reply than 8191 bytes the rest is dropped: a 12 is a 1.
   expect_lines(AnsweringDevice({string(8190, '\n') + "12"}).page(line_state),
                {"  1  |   0   |        1|        0|        0|        0|        0|        0"});

@@ -42,7 +42,7 @@ enum WanType : std::uint8_t {
   wan_pptp,
   wan_l2tp,
   wan_bigpond,
-  wan_types
+  wan_types  // how many there are
 };
 
 struct WanSettings {

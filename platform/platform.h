@@ -88,10 +88,11 @@ void close_command(CommandStream stream);  // waits for the command to end
 // Whether a program can be reached from the terminal, or has a session of its own.
 enum class Terminal : std::uint8_t { kept, left };
 
+constexpr int cannot_start = 255;
+
 // Runs a program without a shell and with standard input, output and error closed. `arguments` ends with
 // nullptr. Returns the exit status, or one of these: cannot_start, or 128 + the number of the signal that
 // ended it.
-constexpr int cannot_start = 255;
 int run_program(const char* path, const char* const arguments[], Terminal terminal);
 
 // Flushes the file systems to storage.

@@ -166,8 +166,8 @@ class Dialogue {
     (note(bytes_of(fields), nullptr), ...);
   }
 
-  // ---- The order in which the fields are written, which other programs see: as they were noted, but for
-  // these ----
+  // ---- The order in which the fields are written ----
+  // Other programs see it. It is that of the statements above, but for these.
 
   // What is noted from here on is written before all that was noted until now.
   void note_ahead() { journal_.note_ahead(); }

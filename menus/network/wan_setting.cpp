@@ -14,9 +14,9 @@ namespace {
 using config::Ipv4;
 using config::WanSettings;
 using shell::Dialogue;
-namespace message = shell::message;
 using shell::Prompt;
 using shell::Shows;
+namespace message = shell::message;
 
 enum class DnsMode : std::uint8_t { manual, asked };
 

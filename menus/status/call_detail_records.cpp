@@ -16,11 +16,13 @@
 namespace menus::status {
 namespace {
 
+using TimeCell = config::Text<21>;
+
 // What does not fit a cell is cut.
 struct CallRecord {
   config::Text<5> call_type;
   config::Text<17> phone_number;
-  std::array<config::Text<21>, 3> times;  // of the call, of the answer, of the end
+  std::array<TimeCell, 3> times;  // of the call, of the answer, of the end
   config::Text<5> reason;
   config::Text<10> duration;
   config::Text<4> phone;  // the telephone port, from 0
@@ -104,8 +106,9 @@ const char* call_type_text(const CallRecord& record) {
 }
 
 // YYYYMMDDhhmmss as YYYY/MM/DD hh:mm:ss, judged by its length alone; any other text as it is.
-void format_cdr_time(const char* text, config::Text<21>& cell) {
+void format_cdr_time(const char* text, TimeCell& cell) {
   constexpr std::string_view pattern = "0000/00/00 00:00:00";
+  static_assert(pattern.size() < sizeof(TimeCell));
   constexpr auto digits = static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), '0'));
   if (std::strlen(text) != digits) {
     cell.assign(text);
@@ -166,7 +169,7 @@ void show_call(const CallRecord& record) {
              "Call type|Call time           |Answer time         |Disconnect time     \n"
              "---------+--------------------+--------------------+--------------------------\n");
   shell::put(call_type_text(record));
-  for (const config::Text<21>& time : record.times) {
+  for (const TimeCell& time : record.times) {
     shell::put('|', shell::Cell{time.view(), 20});
   }
   shell::put('\n', dashes, '\n');

@@ -33,8 +33,9 @@ int voice_daemon_send(int descriptor, std::string_view text);
 // time after failed attempts, -3: the wait failed, -4: nothing came. `buffer` has at least one byte.
 int voice_daemon_receive(int descriptor, std::span<char> buffer);
 
-// Cuts the text in place at runs of separators, into at most fields.size() fields, which is at least 1, and
-// returns how many of `fields` it filled. That is at least 1: fields[0] of a text without any field is null.
+// Cuts the text in place at runs of separators, of which there is at least one kind, into at most
+// fields.size() fields, which is at least 1, and returns how many of `fields` it filled. That is at least 1:
+// fields[0] of a text without any field is null.
 int split_fields(char* text, const char* separators, std::span<const char*> fields);
 
 // Sends the commands and cuts the answer into its lines: fields.size() of them at most, null where the answer

@@ -44,7 +44,7 @@ struct Mac {
 
   // First byte in the lowest eight bits, as they lie in memory.
   std::uint64_t word() const {
-    std::uint64_t word = 0;
+    std::uint64_t word{};
     std::memcpy(&word, this, sizeof *this);
     return word;
   }

@@ -65,7 +65,7 @@ bool write_whole(int descriptor, std::string_view bytes) {
 }
 
 int wait_for(pid_t process) {
-  int status = 0;
+  int status{};
   if (retried([&] { return waitpid(process, &status, 0); }) < 0) {
     return cannot_start;
   }

@@ -15,15 +15,15 @@ constexpr std::size_t input_line_size = 512;
 
 // Beside each other, so that they share a page of memory.
 struct {
-  std::size_t length = 0;
+  std::size_t length;
   // One more than a line can fill: as a text the line always ends inside.
   std::array<char, input_line_size + 1> bytes;
 } line;
 
 // What has arrived and not been read. A pasted block of answers costs one read.
 struct {
-  std::size_t begin = 0;
-  std::size_t end = 0;
+  std::size_t begin;
+  std::size_t end;
   std::array<char, 4096> bytes;
 } arrived;
 

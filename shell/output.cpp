@@ -10,8 +10,8 @@ namespace {
 // Room for the list of all firewall rules, some 17,000 characters, and for what a block of pasted answers
 // brings: each goes out in one write.
 std::array<char, 32768> buffer;
-std::size_t filled = 0;
-bool lost = false;
+std::size_t filled;
+bool lost;
 
 // Room for so many characters, which is less than the whole buffer.
 char* room_for(std::size_t size) {
@@ -32,7 +32,7 @@ char digit(unsigned number) {
 
 // These write where there is room, and return the end.
 
-constexpr std::size_t longest_number = 12;
+constexpr std::size_t longest_number = std::string_view("-2147483648").size();
 
 // Twice as fast as std::to_chars, whose digits would have to be moved into their columns.
 char* write(char* at, Number number) {
@@ -60,7 +60,7 @@ char* write(char* at, Number number) {
 
 enum class Octets : std::uint8_t { as_wide_as_they_are, in_three_columns };
 
-constexpr std::size_t longest_address = std::string_view("255.255.255.255.").size();
+constexpr std::size_t longest_address = 4 * std::string_view("255.").size();
 
 // Not as four numbers, which takes twice as long: half of all numbers in the lists are octets.
 char* write(char* at, config::Ipv4 address, Octets octets) {

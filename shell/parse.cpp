@@ -65,28 +65,27 @@ bool is_valid_netmask(config::Ipv4 mask) {
 }
 
 config::Ipv4 parse_ipv4(std::string_view text, char separator) {
-  constexpr config::Ipv4 refused{};
   config::Ipv4 address{};
   std::size_t field = 0;
   std::size_t digits = 0;
   for (std::size_t i = 0; i + 1 < text.size(); ++i) {
     if (text[i] == separator) {
       if (++field == address.octet.size()) {
-        return refused;
+        return {};
       }
       digits = 0;
       continue;
     }
     if (!is_digit(text[i]) || ++digits > 3) {
-      return refused;
+      return {};
     }
     const int value = 10 * address.octet[field] + (text[i] - '0');
     if (value > 255) {
-      return refused;
+      return {};
     }
     address.octet[field] = static_cast<std::uint8_t>(value);
   }
-  return field == address.octet.size() - 1 ? address : refused;
+  return field == address.octet.size() - 1 ? address : config::Ipv4{};
 }
 
 std::optional<config::Mac> parse_mac(std::string_view text, char separator) {

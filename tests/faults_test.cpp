@@ -12,19 +12,18 @@
 #include "promises.h"
 #include "support/session.h"
 
-namespace tests {
-namespace {
+namespace tests::faults_test {
 
 TEST(Faults, BreakNoPromiseAndEndNoSession) {
   std::size_t faults = 0;
-  std::set<std::string> items;  // "submenu-item"
+  std::set<string> items;  // "submenu-item"
   for (const auto& entry : std::filesystem::directory_iterator(CORPUS_FOLDER)) {
     std::ifstream file(entry.path(), std::ios::binary);
-    const std::string name = entry.path().filename(), input(std::istreambuf_iterator<char>(file), {});
+    const string name = entry.path().filename(), input(std::istreambuf_iterator<char>(file), {});
     items.insert(name.substr(0, name.find('-', 2)));
     Device clean;
     EXPECT_EQ(fuzz::play(clean, input), "") << name;
-    const std::string stated = input.substr(0, input.find('\n')), saves = std::to_string(clean.saves);
+    const string stated = input.substr(0, input.find('\n')), saves = std::to_string(clean.saves);
     EXPECT_EQ(stated, input.substr(0, 4) + " saves " + saves) << name << " is to begin with how often it saves";
     const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
     EXPECT_TRUE(is_whole || !clean.failing.empty() || std::isdigit(name[0]) == 0) << name;
@@ -44,12 +43,11 @@ TEST(Faults, BreakNoPromiseAndEndNoSession) {
   RecordProperty("faults", std::to_string(faults));
   for (std::size_t i = 0; const shell::Submenu* const submenu : menus::menu_tree.targets) {
     for (std::size_t item = 0; item < submenu->targets.size(); ++item) {
-      const std::string name = std::to_string(i) + "-" + std::to_string(item);
+      const string name = std::to_string(i) + "-" + std::to_string(item);
       EXPECT_TRUE(submenu->targets[item] == nullptr || items.count(name) > 0) << name << " has no session";
     }
     ++i;
   }
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::faults_test

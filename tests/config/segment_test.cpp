@@ -4,8 +4,7 @@
 
 #include "config/field_table.h"
 
-namespace tests {
-namespace {
+namespace tests::segment_test {
 
 TEST(FieldTable, CoversEveryByteAndReadsBackWhatItWrites) {
   for (const int byte : {0x00, 0x31, 0x5c, 0xff}) {
@@ -22,5 +21,10 @@ TEST(FieldTable, CoversEveryByteAndReadsBackWhatItWrites) {
   }
 }
 
-}  // namespace
-}  // namespace tests
+TEST(Text, CutAtItsNewlineTellsItsLength) {
+  config::Text<4> text = {{'a', '\n', 'b', '\0'}};
+  EXPECT_EQ(config::strip_newline(text.bytes), 1U);
+  EXPECT_EQ(config::strip_newline(text.bytes), 1U);
+}
+
+}  // namespace tests::segment_test

@@ -1,14 +1,10 @@
 #include "support/dialogue.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <sstream>
 
 namespace tests {
-
-using std::string;
 
 static const string nul(1, '\0');
 
@@ -36,7 +32,8 @@ Kind one_of(const string& digits) {
 
 Kind ipv4() {
   return {{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
-          {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0256", "1.2.3.256", "1.2.3.x", "-1.2.3.4", "1.2.3.4" + nul}};
+          {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0025", "0001.2.3.4", "1.2.3.256", "1.2.3.x", "-1.2.3.4",
+           "1.2.3.4" + nul}};
 }
 
 Kind netmask() {

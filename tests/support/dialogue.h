@@ -8,6 +8,8 @@
 // A failure names the row that was answered last.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <concepts>
 #include <cstdint>
 #include <memory>
@@ -25,8 +27,8 @@ namespace tests {
 inline config::ConfigurationSegment fields;
 
 struct Accepted {
-  std::string typed;
-  std::string stored = typed;  // as the field table writes it
+  string typed;
+  string stored = typed;  // as the field table writes it
 };
 
 struct Kind {
@@ -38,7 +40,7 @@ struct Kind {
 };
 
 Kind number(std::uint64_t low, std::uint64_t high);
-Kind one_of(const std::string& digits);
+Kind one_of(const string& digits);
 Kind ipv4();
 Kind netmask();
 Kind mac();
@@ -49,22 +51,22 @@ enum class TooLong : std::uint8_t { is_refused, empties, keeps };
 
 // How a question departs from the others.
 struct Departures {
-  Accepted only = {};        // the one answer that leads to the next row; the field is never wild
-  std::string refusal = {};  // in place of the dialogue's
+  Accepted only = {};   // the one answer that leads to the next row; the field is never wild
+  string refusal = {};  // in place of the dialogue's
   Strings also_refused = {};
   Strings refused_when_kept = {};  // what the field may hold, and Enter does not keep
   TooLong too_long = {};           // what becomes of a text that is
   bool required = false;           // Enter is refused as well
   bool tame = false;               // the field is never wild: such a value is judged when it is kept
-  std::string shown_behind = {};
-  std::string shown_behind_enter = {};  // before that
+  string shown_behind = {};
+  string shown_behind_enter = {};  // before that
   // Of a new record:
-  std::optional<std::string> enter_stores = {};
+  std::optional<string> enter_stores = {};
   bool marks_free = false;  // what the field holds marks the slot as free
 };
 
 struct Stored {
-  std::string value;  // as the field table writes it
+  string value;  // as the field table writes it
   Stored(std::integral auto number) : value(std::to_string(number)) {}
   Stored(const char* text) : value(text) {}
 };
@@ -76,18 +78,18 @@ constexpr Place here(Place place = Place::current()) {
 
 struct Question {
   template <typename Field>
-  Question(Field& member, const Stored& holds, std::string asked, const Kind& takes, Departures departures = {},
+  Question(Field& member, const Stored& holds, string asked, const Kind& takes, Departures departures = {},
            Place at = here())
       : Question(std::move(asked), takes, std::move(departures), at) {
     field = config::field_at(reinterpret_cast<char*>(&member) - reinterpret_cast<char*>(&fields));
     stored = holds.value;
   }
   // No setting of its own: which record, which action.
-  Question(std::string asked, const Kind& takes, Departures departures = {}, Place at = here())
+  Question(string asked, const Kind& takes, Departures departures = {}, Place at = here())
       : prompt(std::move(asked)), kind(takes), departs(std::move(departures)), place(at) {}
 
   std::optional<config::FieldElement> field;
-  std::string stored, prompt;
+  string stored, prompt;
   Kind kind;
   Departures departs;
   Place place;
@@ -102,16 +104,16 @@ enum class Refusals : std::uint8_t {
 struct Dialogue {
   Item item;
   Refusals refusals = Refusals::by_kind;
-  std::string opening = keep_with_enter;  // before the first question
+  string opening = keep_with_enter;  // before the first question
   std::vector<Question> questions = {};
-  std::string ending = {};    // behind the last one
+  string ending = {};         // behind the last one
   FactoryDevice device = {};  // what is stored besides
 
   bool adding = false;  // a new record: prompts show zero, and require an answer
   // What stands for `listed` in the texts, with the stored values and with wild ones.
-  std::string list = {}, wild_list = {};
+  string list = {}, wild_list = {};
 };
-inline const std::string listed = "<the list>";
+inline const string listed = "<the list>";
 
 // All kept, over the stored values and over wild ones (bytes 255 or 2, texts with a line feed): the whole transcript,
 // and nothing changes. With each accepted answer over either: the whole transcript, and these fields change and no
@@ -122,9 +124,9 @@ FactoryDevice hold(const Dialogue& dialogue);
 // A visit that follows from no row, told by its answers; Enter at every other question.
 struct Visit {
   Answers answers;
-  std::string ending;  // of what is shown
+  string ending;  // of what is shown
   // "name=value" of each element that is different then, in the order of writing; \x20 for a blank in it.
-  std::string changes = {};
+  string changes = {};
   Place place = here();
 };
 

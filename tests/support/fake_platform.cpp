@@ -12,8 +12,6 @@
 namespace tests {
 namespace {
 
-using std::string;
-
 Device* current = nullptr;
 std::jmp_buf exit_point;
 

@@ -12,8 +12,6 @@
 namespace tests {
 namespace {
 
-using std::string;
-
 // The number in front of the label.
 string number_of(const string& label, std::string_view lines) {
   const std::size_t at = lines.find(":" + label + "\n"), line = lines.rfind('\n', at) + 1;

@@ -11,21 +11,20 @@ namespace tests {
 
 // ---- What the console says in many places; "{...}" is what it does ----
 
-inline const std::string keep_with_enter =
-    "Please answer the question and use [enter] to keep original setting value\n\n";
-inline const std::string wrong_choice = "Your select is wrong!!\n\n";
-inline const std::string illegal_value = "Your input value is illegal!!\n\n";
-inline const std::string setting_saved = "Setting Save!!\n\n";
-inline const std::string ip_range_error = "IP Range Error!!\n\n";
-inline const std::string table_full = "No more space to creat new rule!!\n\n";
-inline const std::string menu_prompt = "[4830NT]#";
-inline const std::string save = "{uninterrupted /opt/httpd/sbin/web_server dumpshare}";
-inline const std::string save_and_tell_daemon = save + setting_saved + "{attach 1357}{voice change 1}";
+inline const string keep_with_enter = "Please answer the question and use [enter] to keep original setting value\n\n";
+inline const string wrong_choice = "Your select is wrong!!\n\n";
+inline const string illegal_value = "Your input value is illegal!!\n\n";
+inline const string setting_saved = "Setting Save!!\n\n";
+inline const string ip_range_error = "IP Range Error!!\n\n";
+inline const string table_full = "No more space to creat new rule!!\n\n";
+inline const string menu_prompt = "[4830NT]#";
+inline const string save = "{uninterrupted /opt/httpd/sbin/web_server dumpshare}";
+inline const string save_and_tell_daemon = save + setting_saved + "{attach 1357}{voice change 1}";
 
 // The command as the transcript has it when its output goes nowhere.
-std::string silently(const std::string& command);
+string silently(const string& command);
 
-std::string replaced(std::string text, std::string_view what, std::string_view by);
+string replaced(string text, std::string_view what, std::string_view by);
 
 template <typename Element>
 std::vector<Element> operator+(std::vector<Element> list, const std::vector<Element>& more) {
@@ -44,12 +43,12 @@ struct FactoryDevice : Device {
 int run_session(Device& device, std::string_view input);
 
 struct Item {
-  std::string submenu, label;
+  string submenu, label;
 };
 
 // What is typed at the first question from here on that shows these words.
 struct Answer {
-  std::string question, typed;
+  string question, typed;
 };
 using Answers = std::vector<Answer>;
 
@@ -57,11 +56,11 @@ using Answers = std::vector<Answer>;
 // the first form, when all is typed. Holds the visit to what is true of every dialogue: nothing is left open, and what
 // was saved is what is stored. Returns what is shown from the item's first words up to the submenu, or to "Bye Bye!!\n"
 // when the console did not get there.
-std::string visit_typing(Device& device, const Item& item, const std::string& lines);
+string visit_typing(Device& device, const Item& item, const string& lines);
 // Enter at every question that is not named. Each one named has to be asked.
-std::string visit(Device& device, const Item& item, const Answers& answers);
+string visit(Device& device, const Item& item, const Answers& answers);
 
 // "name=value" of every element that differs, separated by blanks; in reserved ranges and behind a NUL as well.
-std::string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after);
+string differences(const config::ConfigurationSegment& before, const config::ConfigurationSegment& after);
 
 }  // namespace tests

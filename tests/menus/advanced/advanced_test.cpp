@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
+namespace tests::advanced_test {
 
 const string restarts_filter =
     save + silently("/etc/init.d/filter.sh start") + silently("/etc/init.d/nat.sh start") + setting_saved;
@@ -145,10 +140,10 @@ std::vector<Question> schedule(config::Schedule& stored, bool adding) {
 
 TEST(RuleTables, VirtualServers) {
   const Table table = {.item = item("Virtual Server Setting"),
-                       .row = "     |192.168.  0. 10|BOTH    |     80|  8080|" + scheduled,
+                       .row = "     |192.168.  9. 99|BOTH    |     80|  8080|" + scheduled,
                        .wild_row = "     |" + any + "|        |  65535| 65535|" + wild_scheduled};
   const FactoryDevice device = hold_rules(table, fields.virtual_server_table, [](auto& rule, bool adding) {
-    return std::vector{address("Private IP", rule.private_ip, "192.168.0.10"),
+    return std::vector{address("Private IP", rule.private_ip, "192.168.9.99"),
                        Question(rule.protocol, 2, "Protocol Type?<%d>(0:TCP, 1:UDP, 2:Both):", one_of("012")),
                        port("Private Port", rule.private_port, 80), port("Public Port", rule.public_port, 8080)} +
            schedule(rule.schedule, adding);
@@ -213,6 +208,7 @@ TEST(RuleTables, MacFilters) {
   // Schedules, with week masks of other programs: the days they are listed with, those shown, and what is kept.
   const string masks[][5] = {{"0000001", "Sat-Sat", "6", "6", "0000001"},
                              {"1001011", "Wed-Sun", "3", "0", "1001111"},
+                             {"0011100", "Tue-Thu", "2", "4", "0011100"},
                              {"0000000", "Sun-Sun", "7", "7", "0000000"}};
   const string mask = "mac_filter_table[3].week_mask";
   device.set("mac_filter_table[3].schedule_mode", "2");
@@ -321,5 +317,4 @@ TEST(RuleTables, Firewall) {
   }
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::advanced_test

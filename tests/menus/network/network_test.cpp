@@ -1,14 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
+namespace tests::network_test {
 
 const Item wan_setting = {"Basic Network Setting", "Wan Setting"};
-const Item lan_setting = {"Basic Network Setting", "Lan Setting"};
 const Item dhcp_setting = {"Basic Network Setting", "DHCP setting"};
 
 const string reboots =
@@ -138,7 +132,8 @@ const string restarts_lan =
 
 TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
   auto& lan = fields.lan;
-  Dialogue dialogue = {.item = lan_setting, .ending = restarts_lan, .list = "1", .wild_list = "255"};
+  Dialogue dialogue = {
+      .item = {"Basic Network Setting", "Lan Setting"}, .ending = restarts_lan, .list = "1", .wild_list = "255"};
   dialogue.opening = "Lan IP:<192.168.1.2>\nLan MASK:<255.254.0.0>\nDNS PROXY Enable:<" + listed +
                      ">(0:disable,1:enable)\n\n" + keep_with_enter;
   dialogue.device.set("lan_broadcast", "192.169.255.255");
@@ -151,7 +146,7 @@ TEST(Lan, EndsTheLoginAndMovesAStrayPool) {
       Question(lan.dns_proxy_enable, 1, "DNS PROXY Enable?<%d>(0:disable,1:enable):", one_of("0123456789"),
                {.refusal = "Lan DNS PROXY Setting Error\n"}),
   };
-  hold(lan_setting, hold(dialogue).set("dhcp_start_ip", "10.0.9.100"),
+  hold(dialogue.item, hold(dialogue).set("dhcp_start_ip", "10.0.9.100"),
        {Visit({{"Lan IP", "10.0.3.1"}, {"Lan MASK<", "255.128.0.0"}, {"DNS PROXY", "0"}},
               "{/etc/init.d/udhcpd.sh stop}" + restarts_lan,
               "lan_netmask=255.128.0.0 lan_ip=10.0.3.1 lan_broadcast=10.127.255.255 dns_proxy_enable=0 "
@@ -238,5 +233,4 @@ TEST(Dhcp, StaticClientIsAddedInTheLowestFreeSlot) {
               "static_dhcp_table[30].ip=1.0.0.9")});
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::network_test

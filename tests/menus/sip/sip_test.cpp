@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <cstring>
 
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
+namespace tests::sip_test {
 
 const Item basic_setting = {"SIP setting", "Basic Setting"};
 const Item account_setting = {"SIP setting", "Account Setting"};
@@ -121,5 +116,4 @@ TEST(Sip, NatTraversal) {
         Visit({{"STUN Enable", "0"}, {"UPNP", ""}}, save_and_tell_daemon, "stun_enable=0 stun_server=")});
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::sip_test

@@ -1,13 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "menus/status/voice_daemon.h"
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
-using namespace std::string_literals;
+namespace tests::status_test {
 
 const string routes = "route -n | awk '{print $2\" \"$4}' ", eth0 = "/sbin/ifconfig eth0";
 const string ruler = string(54, '-') + "\n", done = "Configuration successed.\n";
@@ -132,18 +126,27 @@ struct AnsweringDevice : FactoryDevice {
   string page(const Item& item) { return replaced(visit(*this, item, {}), "{udp 127.0.0.1:8118}", ""); }
 };
 
-TEST(VoiceDaemon, LateOrRefusedRepliesLeaveThePageEmpty) {
-  EXPECT_EQ(AnsweringDevice({""}).page(line_state), AnsweringDevice({"0"}).page(line_state));
-  // Each reply that is refused takes 900 milliseconds.
-  EXPECT_EQ(AnsweringDevice(Strings(4, "refused")).page(line_state), "{silence 1400}");
-  EXPECT_EQ(AnsweringDevice(Strings(5, "refused") + Strings{"1"}).page(line_state),
-            AnsweringDevice({"1"}).page(line_state));
-  EXPECT_EQ(AnsweringDevice(Strings(6, "refused") + Strings{"1"}).page(line_state), "");
-  AnsweringDevice unreachable({"1"});
-  unreachable.failing = {"udp connect"};
-  EXPECT_EQ(unreachable.page(line_state), "");
-  EXPECT_EQ(menus::status::voice_daemon_open("127.0.0", 1), -1);
-  EXPECT_EQ(menus::status::voice_daemon_send(-1, "x"), -1);
+// What opening, sending and receiving return, and a query, when one of their calls fails, or the replies do.
+TEST(VoiceDaemon, ItsClientTellsWhatFailed) {
+  using namespace menus::status;
+  const std::map<string, std::vector<int>> returns = {
+      {"", {0, 3, 5, 2}},           {"too long", {0, 3, 5, -2}},     {"udp socket", {-2, 3, 5, -1}},
+      {"udp bind", {-3, 3, 5, -1}}, {"udp connect", {-4, 3, 5, -1}}, {"udp send", {0, -2, 5, -3}},
+      {"udp wait", {0, 3, -3, -4}}, {"refused", {0, 3, -1, -4}},     {"silence", {0, 3, -4, -4}},
+  };
+  for (const auto& [fails, codes] : returns) {
+    AnsweringDevice device(Strings(fails == "silence" ? 0 : 6, fails == "refused" ? fails : "a\n\nb\n"));
+    device.failing = {fails};
+    use_device(device);
+    char reply[100];
+    const char* lines[3];
+    const string longest(fails == "too long" ? 8190 : 8189, 'g');
+    EXPECT_EQ(codes,
+              (std::vector{voice_daemon_open("127.0.0.1", 8118), voice_daemon_send(0, "get"),
+                           voice_daemon_receive(0, reply), voice_daemon_query(std::array{longest.c_str()}, lines)}))
+        << fails;
+  }
+  EXPECT_TRUE(voice_daemon_open("127.0.0", 8118) == -1 && voice_daemon_send(-1, "get") == -1);
 }
 
 void expect_lines(const string& page, const Strings& lines) {
@@ -153,6 +156,9 @@ void expect_lines(const string& page, const Strings& lines) {
 }
 
 TEST(VoiceDaemon, LineStateAsksOnceAndStaysInItsColumns) {
+  // Each reply that is refused takes 900 milliseconds.
+  EXPECT_EQ(AnsweringDevice(Strings(4, "refused")).page(line_state), "{silence 1400}");
+  EXPECT_EQ(AnsweringDevice({""}).page(line_state), AnsweringDevice({"0"}).page(line_state));
   AnsweringDevice device(
       {"0\n1\n2\n3\n4\n5\n6 packets\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n17\n18\n-7\nx\n4294967296\n\n22\n23\n"
        "w\n%s\xff nineteen bytes!\n%s\xff of twenty bytes.\n"});
@@ -187,5 +193,4 @@ TEST(CallRecords, ThatCameBeforeTheFetchEnded) {
   EXPECT_EQ(AnsweringDevice({}).page(call_records), "{silence 5000}\n");  // nothing of an earlier visit is left
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::status_test

@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
+namespace tests::tools_test {
 
 const Item day_time = {"Tools", "Day/Time Setting"};
 const string starts_ntp = save + silently("/etc/init.d/ntp.sh config");
@@ -101,5 +96,4 @@ TEST(SystemTools, FactoryResetWritesThePartitionOrGoesBackToTheMenu) {
   }
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::tools_test

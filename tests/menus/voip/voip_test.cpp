@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <cstring>
 
 #include "support/dialogue.h"
 
-namespace tests {
-namespace {
-
-using std::string;
+namespace tests::voip_test {
 
 Dialogue dialogue_of(const string& label, const string& opening, const std::vector<Question>& questions = {}) {
   const Item item = {"VoIP Setting", label};
@@ -118,7 +113,7 @@ TEST(Voip, QosAndTos) {
   // The number with which an answer begins counts, and 0 where there is none.
   Kind tos;
   tos.accepted = {{"0"}, {"16"}, {"Q", "0"}, {"-0", "0"}, {"\a4", "0"}, {"2x", "2"}, {"\t \r+4", "4"}};
-  tos.refused = {"1", "17", "-2", "5x", "4294967298"};
+  tos.refused = {"1", "17", "\t\r -2", "5x", "4294967298"};
   const std::vector<Question> questions = {
       Question(qos.qos_type, 0, setting + "type?<%d>(0:tos, 1:diffserve):", number(0, 1)),
       Question(qos.sip_tos, 3, setting + "sip_tos?<%d>\n" + values + "sip_tos?<%d>:", tos),
@@ -214,5 +209,4 @@ TEST(CallScreen, EachAction) {
        {Visit(act("0", list_2 + Answers{{"input type", "1"}, {"Phone Number:", "5"}}), "Number:\n\n" + done)});
 }
 
-}  // namespace
-}  // namespace tests
+}  // namespace tests::voip_test

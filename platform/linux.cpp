@@ -103,7 +103,7 @@ pid_t start(const char* path, const char* const arguments[], const ChildSetup& s
     posix_spawn_file_actions_addclose(&actions, stream);
   }
 
-  pid_t child = -1;
+  pid_t child{};
   // The prototype predates const; it does not write to the arguments.
   auto* const writable = const_cast<char* const*>(arguments);
   const int failed = posix_spawn(&child, path, &actions, &attributes, writable, environ);

@@ -1,7 +1,6 @@
 // The sessions of the fuzzing corpus, undisturbed, and with every call to the operating system failing in turn.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -26,7 +25,7 @@ TEST(Faults, BreakNoPromiseAndEndNoSession) {
     const string stated = input.substr(0, input.find('\n')), saves = std::to_string(clean.saves);
     EXPECT_EQ(stated, input.substr(0, 4) + " saves " + saves) << name << " is to begin with how often it saves";
     const bool is_whole = clean.input.empty() && clean.transcript.ends_with("Bye Bye!!\n");
-    EXPECT_TRUE(is_whole || !clean.failing.empty() || std::isdigit(name[0]) == 0) << name;
+    EXPECT_TRUE(is_whole || !clean.failing.empty() || name[0] > '9') << name;
     faults += clean.chances;
     for (std::size_t fault = 1; fault <= clean.chances; ++fault) {
       Device device;

@@ -1,19 +1,16 @@
 #include "support/dialogue.h"
 
 #include <algorithm>
-#include <array>
 #include <sstream>
 
 namespace tests {
-
-static const string nul(1, '\0');
 
 Kind number(std::uint64_t low, std::uint64_t high) {
   const string lowest = std::to_string(low), highest = std::to_string(high);
   const string below = low > 0 ? std::to_string(low - 1) : "-1", above = std::to_string(high + 1);
   const string wraps_around = std::to_string((std::uint64_t{1} << 32) + low);
   return {{{lowest}, {highest}, {"0" + lowest, lowest}},
-          {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + nul, "x" + nul}};
+          {below, above, highest + "x", "-" + highest, "+" + highest, wraps_around, highest + "\0"s, "x\0"s}};
 }
 
 Kind one_of(const string& digits) {
@@ -33,7 +30,7 @@ Kind one_of(const string& digits) {
 Kind ipv4() {
   return {{{"1.0.0.0"}, {"255.255.255.255"}, {"001..02.3", "1.0.2.3"}, {".1.2.", "0.1.2.0"}},
           {"0.0.0.0", "192.168.0", "1.2.3.4.5", "1.2.3.0025", "0001.2.3.4", "1.2.3.256", "1.2.3.x", "-1.2.3.4",
-           "1.2.3.4" + nul}};
+           "1.2.3.4\0"s}};
 }
 
 Kind netmask() {
@@ -50,7 +47,7 @@ Kind mac() {
 // Refused are those too long, by one character and by far, and empty ones once they are cut at their NUL.
 Kind text(std::size_t longest) {
   const string most = "%n" + string(longest - 2, 't');
-  return {.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), nul + "t"}, .is_free = true};
+  return {.accepted = {{"t"}, {most}}, .refused = {most + "t", string(511, 't'), "\0t"s}, .is_free = true};
 }
 
 Kind line(std::size_t longest) {
@@ -141,7 +138,7 @@ class Holding {
     const FactoryDevice stored = device_of(dialogue_);
     answer_all(stored);
     refuse_all(stored);
-    for (const std::uint8_t byte : std::array<std::uint8_t, 2>{0xFF, 2}) {
+    for (const std::uint8_t byte : {std::uint8_t{0xFF}, std::uint8_t{2}}) {
       // A list of wild values is one of bytes 255.
       if (!dialogue_.adding && (byte == 0xFF || dialogue_.wild_list.empty())) {
         list_ = dialogue_.wild_list.empty() ? list_ : dialogue_.wild_list;

@@ -72,20 +72,17 @@ struct Stored {
 };
 
 using Place = std::source_location;
-constexpr Place here(Place place = Place::current()) {
-  return place;
-}
 
 struct Question {
   template <typename Field>
   Question(Field& member, const Stored& holds, string asked, const Kind& takes, Departures departures = {},
-           Place at = here())
+           Place at = Place::current())
       : Question(std::move(asked), takes, std::move(departures), at) {
     field = config::field_at(reinterpret_cast<char*>(&member) - reinterpret_cast<char*>(&fields));
     stored = holds.value;
   }
   // No setting of its own: which record, which action.
-  Question(string asked, const Kind& takes, Departures departures = {}, Place at = here())
+  Question(string asked, const Kind& takes, Departures departures = {}, Place at = Place::current())
       : prompt(std::move(asked)), kind(takes), departs(std::move(departures)), place(at) {}
 
   std::optional<config::FieldElement> field;
@@ -127,7 +124,7 @@ struct Visit {
   string ending;  // of what is shown
   // "name=value" of each element that is different then, in the order of writing; \x20 for a blank in it.
   string changes = {};
-  Place place = here();
+  Place place = Place::current();
 };
 
 void hold(const Item& item, const FactoryDevice& device, const std::vector<Visit>& visits);

@@ -105,11 +105,11 @@ FactoryDevice hold_rules(const Table& table, std::array<Record, 32>& records, co
   return hold(rules(table, records[3].enable, false, questions(records[3], false)));
 }
 
-Question address(const string& name, config::Ipv4& field, const char* stored, Place row = here()) {
+Question address(const string& name, config::Ipv4& field, const char* stored, Place row = Place::current()) {
   return Question(field, stored, name + "?<%u.%u.%u.%u>:", ipv4(), {.refused_when_kept = {"0.0.0.0"}}, row);
 }
 
-Question port(const string& name, std::uint16_t& field, int stored, Place row = here()) {
+Question port(const string& name, std::uint16_t& field, int stored, Place row = Place::current()) {
   return Question(field, stored, name + "?<%d>(1~65535):", number(1, 65535), {}, row);
 }
 
@@ -124,8 +124,7 @@ const string scheduled = "By Schedule,8:05-17:30,Fri-Mon\n", wild_scheduled = "B
 std::vector<Question> schedule(config::Schedule& stored, bool adding) {
   const string minutes = "(00,05,10,15,20,25,30,35,40,45,50,55):";
   // In a pass, each answer comes with the same one to the start day.
-  const Kind end_days = {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}},
-                         {"7", "Mon", "-1", "0x", "6" + string(1, '\0')}};
+  const Kind end_days = {{{"0", "1000000"}, {"6", "0000001"}, {"5", "1111110"}}, {"7", "Mon", "-1", "0x", "6\0"s}};
   const Strings no_step = {"7", "54", "56", "60"};
   return {
       Question(stored.schedule_mode, 1, "Schedule?<%d>(0:Always, 1:By Schedule):", one_of("01"), {.only = {"1"}}),
@@ -149,8 +148,9 @@ TEST(RuleTables, VirtualServers) {
            schedule(rule.schedule, adding);
   });
   hold(table.item, device,
-       {Visit(to_rule + Answers{{"Private IP?", "192.168.0.11"}, {"Protocol Type?", "0"}}, restarts_filter,
-              "virtual_server_table[3].protocol=0 virtual_server_table[3].private_ip=192.168.0.11")});
+       {Visit(to_rule + Answers{{"Private IP?", "192.168.0.11"}, {"Protocol Type?", "0"}, {"Private Port?", "81"}},
+              restarts_filter,
+              replaced("Xprotocol=0 Xprivate_ip=192.168.0.11 Xprivate_port=81", "X", "virtual_server_table[3]."))});
 }
 
 TEST(RuleTables, SpecialApplications) {

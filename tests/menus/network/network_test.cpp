@@ -23,15 +23,15 @@ Dialogue wan(int type, const std::vector<Question>& of_its_own) {
   return {.item = wan_setting, .refusals = Refusals::as_illegal, .questions = common + of_its_own, .ending = reboots};
 }
 
-Question address(config::Ipv4& field, const char* stored, const string& name, Place row = here()) {
+Question address(config::Ipv4& field, const char* stored, const string& name, Place row = Place::current()) {
   return Question(field, stored, name + "<%u.%u.%u.%u>:", ipv4(), {}, row);
 }
 
-Question name(config::Text<128>& field, const char* stored, const string& name, Place row = here()) {
+Question name(config::Text<128>& field, const char* stored, const string& name, Place row = Place::current()) {
   return Question(field, stored, name + "?<%s>(MAX Character:127):", text(127), {}, row);
 }
 
-Question mtu(std::int32_t& field, int stored, unsigned most, Place row = here()) {
+Question mtu(std::int32_t& field, int stored, unsigned most, Place row = Place::current()) {
   return Question(field, stored, "MTU?<%d>(range 512~" + std::to_string(most) + "):", number(512, most), {}, row);
 }
 

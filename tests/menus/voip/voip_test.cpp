@@ -92,9 +92,12 @@ TEST(Voip, PhoneSetting) {
 }
 
 TEST(Voip, E164AndFax) {
-  hold(dialogue_of(
-      "E.164 Setting", keep_with_enter,
-      {Question(fields.e164_call_enable, 0, "E.164 Setting Call Enable?<%d>(0:Disable, 1:Enable):", one_of("01"))}));
+  Dialogue e164 = dialogue_of("E.164 Setting", keep_with_enter);
+  e164.questions = {
+      Question(fields.e164_call_enable, 0, "E.164 Setting Call Enable?<%d>(0:Disable, 1:Enable):", one_of("01"))};
+  e164.device.failing = {"attach 1357"};  // the voice daemon cannot be told
+  e164.ending = save + setting_saved + "{cfgid: Permission denied}";
+  hold(e164);
 
   const string asked =
       " T.38 Option?\n0:Voice\n1:T38_FAX_RELAY\n2:VOICE_AND_T38_FAX_RELAY\n3:VOICE_AND_FAX_PASS_THROUGH\n"

@@ -35,7 +35,7 @@ std::int64_t leading_number(std::string_view text) {
     text.remove_prefix(1);
   }
   std::uint32_t value = 0;
-  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
+  const auto parsed = std::from_chars(text.begin(), text.end(), value);
   const std::int64_t number = parsed.ec == std::errc::result_out_of_range ? beyond_32_bits : value;
   return negative ? -number : number;
 }
@@ -48,9 +48,8 @@ std::optional<std::uint32_t> decimal_value(std::string_view text) {
 
 std::optional<std::uint32_t> whole_number(std::string_view line) {
   std::uint32_t value = 0;
-  const char* const end = line.data() + line.size();
-  const auto parsed = std::from_chars(line.data(), end, value);
-  const bool is_refused = parsed.ec == std::errc::result_out_of_range || end - parsed.ptr > 1;
+  const auto parsed = std::from_chars(line.begin(), line.end(), value);
+  const bool is_refused = parsed.ec == std::errc::result_out_of_range || line.end() - parsed.ptr > 1;
   return is_refused ? std::nullopt : std::optional(value);
 }
 

@@ -22,8 +22,9 @@ void save_and_restart_filter();
 
 // Switches a whole table on or off. It is stored only together with a rule that is added, edited or deleted.
 struct MasterSwitch {
-  std::uint8_t config::ConfigurationSegment::*field = nullptr;  // none: the table has no such switch
-  const char* label = "";                                       // on the list
+  using Field = std::uint8_t config::ConfigurationSegment::*;
+  Field field = nullptr;   // none: the table has no such switch
+  const char* label = "";  // on the list
   shell::Prompt<shell::Shows::nothing> prompt = "";
 };
 

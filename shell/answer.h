@@ -21,7 +21,7 @@ struct Range {
       : low(lowest), step(steps), high(highest) {}
 
   std::uint16_t low{};
-  std::uint16_t step{};
+  std::uint16_t step = 1;
   std::uint32_t high{};
 };
 

@@ -24,6 +24,7 @@
 
 namespace tests {
 
+// Its members name the fields of the segment.
 inline config::ConfigurationSegment fields;
 
 struct Accepted {
